@@ -1,0 +1,255 @@
+// Reader selection and the ZIP reader, with a stand-in for the ASI reader
+// that claims ".asi" files exactly as the real one does and records its reads.
+#include "pipeline/ReaderFactory.h"
+
+#include "host/ReferenceHost.h"
+#include "hostapi/PIData.h"
+#include "pipeline/Unzip.h"
+#include "pipeline/ZipReader.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace fs = std::filesystem;
+using FileReaderPlugin::FileReader;
+
+namespace {
+
+struct ReadLog {
+  std::vector<std::pair<std::string, bool>> reads;  // base name, append
+  int resultOf(const std::string& name) const {
+    auto it = results.find(name);
+    return it == results.end() ? 0 : it->second;
+  }
+  std::map<std::string, int> results;
+};
+
+class StandInAsiReader : public FileReader {
+ public:
+  explicit StandInAsiReader(std::shared_ptr<ReadLog> log) : log_(std::move(log)) {}
+  int read(const std::string& path) override {
+    std::string name = fs::path(path).filename().string();
+    log_->reads.emplace_back(name, append_);
+    return log_->resultOf(name);
+  }
+  int canReadFile(const std::string& path) const override {
+    if (fs::path(path).extension().string() != ".asi" && fs::path(path).extension().string() != ".ASI")
+      return NOT_THIS_FORMAT;
+    return canReadAsiFile(path);
+  }
+  int getScenarioIdentifier(const std::string& path, std::string& id) const override {
+    return readAsiScenarioIdentifier(path, id);
+  }
+  void setAppend(bool append, AsiInterface::Resolver*) override { append_ = append; }
+  FileReader* clone() const override { return new StandInAsiReader(*this); }
+  void getSupportedFileExtensions(std::map<std::string, std::string>& e) const override {
+    e["*.asi"] = "ASCII Scenario Input File";
+  }
+
+ private:
+  std::shared_ptr<ReadLog> log_;
+  bool append_ = false;
+};
+
+class ReaderSelectionTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    work_ = fs::temp_directory_path() /
+            ("selection-" + std::to_string(::getpid()) + "-" +
+             ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    fs::remove_all(work_);
+    fs::create_directories(work_ / "src");
+    RefHost::HostConfig config;
+    config.progressBar = false;
+    config.echoConsole = false;
+    host_ = std::make_unique<RefHost::ReferenceHost>(config);
+    host_->install();
+    log_ = std::make_shared<ReadLog>();
+    factory_ = std::make_unique<FileReaderPlugin::ReaderFactory>(std::make_shared<StandInAsiReader>(log_));
+  }
+  void TearDown() override {
+    factory_.reset();
+    host_->uninstall();
+    fs::remove_all(work_);
+  }
+
+  std::string file(const std::string& name, const std::string& text) {
+    fs::path p = work_ / "src" / name;
+    std::ofstream(p, std::ios::binary) << text;
+    return p.string();
+  }
+  std::string zip(const std::string& name, const std::vector<std::string>& members) {
+    std::string cmd = "cd '" + (work_ / "src").string() + "' && zip -q -X '" + (work_ / name).string() + "'";
+    for (const auto& m : members) cmd += " '" + m + "'";
+    EXPECT_EQ(std::system(cmd.c_str()), 0);
+    return (work_ / name).string();
+  }
+  std::string lastError() const {
+    for (auto it = host_->notifications().rbegin(); it != host_->notifications().rend(); ++it)
+      if (it->severity == 2) return it->text;
+    return "";
+  }
+  size_t errorCount() const {
+    size_t n = 0;
+    for (const auto& note : host_->notifications()) n += note.severity == 2;
+    return n;
+  }
+  // The chosen reader's own extension list tells which reader it is.
+  std::string chosenPatterns(const std::shared_ptr<FileReader>& reader) {
+    std::map<std::string, std::string> e;
+    reader->getSupportedFileExtensions(e);
+    std::string all;
+    for (const auto& kv : e) all += kv.first + " ";
+    return all;
+  }
+
+  fs::path work_;
+  std::unique_ptr<RefHost::ReferenceHost> host_;
+  std::shared_ptr<ReadLog> log_;
+  std::unique_ptr<FileReaderPlugin::ReaderFactory> factory_;
+};
+
+TEST_F(ReaderSelectionTest, ListsEveryPatternOnce) {
+  std::map<std::string, std::string> e;
+  factory_->getSupportedFileExtensions(e);
+  EXPECT_EQ(e.size(), 9u);
+  EXPECT_EQ(e["*.asi"], "ASCII Scenario Input File");
+  EXPECT_EQ(e["*.zip"], "ZIP Archive Of Supported Formats");
+  EXPECT_EQ(e["*.kp"], "Kepler Propagation Format");
+  EXPECT_EQ(e["*.csv"], "SCORE & PMRF Comma Separated Value");
+}
+
+TEST_F(ReaderSelectionTest, AsiFilesAreChosenByTheirVersionLine) {
+  auto reader = factory_->createReader(file("a.asi", "Version 3\n"));
+  ASSERT_TRUE(reader);
+  EXPECT_EQ(chosenPatterns(reader), "*.asi ");
+  EXPECT_TRUE(factory_->createReader(file("b.ASI", "# comment\n\n   \nVersion 3\n")));
+  EXPECT_EQ(errorCount(), 0u);
+
+  std::string notVersion = file("c.asi", "RefLat 10\nVersion 3\n");
+  EXPECT_FALSE(factory_->createReader(notVersion));
+  EXPECT_EQ(lastError(), "Unsupported format for the file \"" + notVersion + "\"\n");
+
+  std::string empty = file("d.asi", "");
+  EXPECT_FALSE(factory_->createReader(empty));
+  EXPECT_EQ(lastError(), "Unsupported format for the file \"" + empty + "\"\n");
+  EXPECT_EQ(errorCount(), 2u);
+}
+
+TEST_F(ReaderSelectionTest, MissingFilesAndUnknownExtensions) {
+  std::string zipPath = (work_ / "missing.zip").string();
+  EXPECT_FALSE(factory_->createReader(zipPath));
+  EXPECT_EQ(lastError(), "File \"" + zipPath + "\" not found or not readable.\n");
+  std::string kp = (work_ / "missing.kp").string();
+  EXPECT_FALSE(factory_->createReader(kp));
+  EXPECT_EQ(lastError(), "File \"" + kp + "\" not found or not readable.\n");
+  std::string xyz = (work_ / "missing.xyz").string();
+  EXPECT_FALSE(factory_->createReader(xyz));
+  EXPECT_EQ(lastError(), "Unsupported format for the file \"" + xyz + "\"\n");
+  std::string discn = file("s.discn", "x");
+  EXPECT_FALSE(factory_->createReader(discn));
+  EXPECT_EQ(lastError(), "Unsupported format for the file \"" + discn + "\"\n");
+  EXPECT_EQ(errorCount(), 4u);
+}
+
+TEST_F(ReaderSelectionTest, ArchivesAreClaimedByTheirMembers) {
+  file("a.asi", "Version 24\n");
+  file("b.csv", "x");
+  file("c.csv", "x");
+  file("d.tle", "x");
+  file("e.hdf5", "x");
+  const std::string multiple = " contains multiple supported file types.  Please remove unnecessary extra files.\n";
+
+  std::string asiCsv = zip("asi_csv.zip", {"a.asi", "b.csv"});
+  EXPECT_FALSE(factory_->createReader(asiCsv));
+  EXPECT_EQ(lastError(), "File \"" + asiCsv + "\"" + multiple);
+
+  std::string csvTle = zip("csv_tle.zip", {"b.csv", "d.tle"});
+  EXPECT_FALSE(factory_->createReader(csvTle));
+  EXPECT_EQ(lastError(), "File \"" + csvTle + "\"" + multiple);
+
+  auto legacy = factory_->createReader(zip("csv_csv.zip", {"b.csv", "c.csv"}));
+  ASSERT_TRUE(legacy);
+  EXPECT_NE(chosenPatterns(legacy).find("*.wam"), std::string::npos);
+
+  auto zipped = factory_->createReader(zip("asi.zip", {"a.asi"}));
+  ASSERT_TRUE(zipped);
+  EXPECT_EQ(chosenPatterns(zipped), "*.zip ");
+
+  std::string hdf = zip("hdf.zip", {"e.hdf5"});
+  EXPECT_FALSE(factory_->createReader(hdf));
+  EXPECT_EQ(lastError(), "A zipped HDF5 file must have an hdfz extension.\n");
+
+  std::string corrupt = file("corrupt.zip", "PK\x03\x04 not an archive");
+  EXPECT_FALSE(factory_->createReader(corrupt));
+  EXPECT_EQ(lastError(), "Unsupported format for the file \"" + corrupt + "\"\n");
+}
+
+TEST_F(ReaderSelectionTest, ZipReaderReadsMembersInArchiveOrderOnce) {
+  file("b.asi", "# Scenario Identifier: feed\nVersion 24\n");
+  file("a.asi", "# Scenario Identifier: feed\nVersion 24\n");
+  std::string path = zip("feed.zip", {"b.asi", "a.asi"});
+  auto reader = factory_->createReader(path);
+  ASSERT_TRUE(reader);
+
+  std::string id;
+  ASSERT_EQ(reader->getScenarioIdentifier(path, id), 0);
+  EXPECT_EQ(id, " feed");
+  ASSERT_EQ(factory_->unzip().lastZipFilename(), path);
+  const auto unpacked = factory_->unzip().lastFilenames();
+  size_t dialogs = host_->progressDialogs().size();
+
+  reader->setAppend(false, nullptr);
+  EXPECT_EQ(reader->read(path), 0);
+  // The archive was not unpacked a second time.
+  EXPECT_EQ(host_->progressDialogs().size(), dialogs);
+  EXPECT_EQ(factory_->unzip().lastFilenames(), unpacked);
+  ASSERT_EQ(log_->reads.size(), 2u);
+  EXPECT_EQ(log_->reads[0], std::make_pair(std::string("b.asi"), false));
+  EXPECT_EQ(log_->reads[1], std::make_pair(std::string("a.asi"), true));
+  EXPECT_EQ(PIData::getScenarioFileName(), path);
+}
+
+TEST_F(ReaderSelectionTest, ZipReaderStopsAtTheFirstFailingMember) {
+  file("a.asi", "Version 24\n");
+  file("b.asi", "Version 24\n");
+  file("c.asi", "Version 24\n");
+  std::string path = zip("three.zip", {"a.asi", "b.asi", "c.asi"});
+  log_->results["b.asi"] = 2;
+  auto reader = factory_->createReader(path);
+  ASSERT_TRUE(reader);
+  reader->setAppend(true, nullptr);
+  EXPECT_EQ(reader->read(path), 2);
+  ASSERT_EQ(log_->reads.size(), 2u);
+  EXPECT_TRUE(log_->reads[0].second);
+}
+
+TEST_F(ReaderSelectionTest, ZipMembersMustShareOneScenarioIdentifier) {
+  file("x.asi", "# Scenario Identifier: x\nVersion 24\n");
+  file("y.asi", "Version 24\n");
+  std::string path = zip("mixed_ids.zip", {"x.asi", "y.asi"});
+  auto reader = factory_->createReader(path);
+  ASSERT_TRUE(reader);
+  std::string id;
+  EXPECT_EQ(reader->getScenarioIdentifier(path, id), -1);
+  EXPECT_EQ(lastError(), "ZIP contains multiple files with different Scenario IDs\n");
+}
+
+TEST_F(ReaderSelectionTest, LegacyFormatsAreSelectedButNotYetReadable) {
+  auto reader = factory_->createReader(file("track.gpx", "<gpx/>"));
+  ASSERT_TRUE(reader);
+  std::string id = "stale";
+  EXPECT_EQ(reader->getScenarioIdentifier("track.gpx", id), 0);
+  EXPECT_TRUE(id.empty());
+  size_t before = errorCount();
+  EXPECT_EQ(reader->read((work_ / "src/track.gpx").string()), -1);
+  EXPECT_EQ(errorCount(), before + 1);
+}
+
+}  // namespace
