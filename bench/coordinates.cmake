@@ -1,0 +1,15 @@
+# Coordinate conversions (LLA to ECEF, ECEF to LLA, LLA to XEAST) timed beside
+# GeographicLib's Geocentric and LocalCartesian on the same inputs.
+if(NOT TARGET benchmark::benchmark)
+  find_package(benchmark REQUIRED)
+endif()
+if(NOT TARGET PkgConfig::GEOGRAPHICLIB)
+  pkg_check_modules(GEOGRAPHICLIB IMPORTED_TARGET geographiclib)
+endif()
+if(TARGET PkgConfig::GEOGRAPHICLIB)
+  add_executable(bench_coordinates ${CMAKE_CURRENT_LIST_DIR}/bench_coordinates.cpp)
+  target_compile_options(bench_coordinates PRIVATE ${ORV_WARNINGS})
+  target_link_libraries(bench_coordinates PRIVATE core PkgConfig::GEOGRAPHICLIB benchmark::benchmark)
+else()
+  message(STATUS "GeographicLib not found: bench_coordinates is not built")
+endif()
