@@ -1,0 +1,5 @@
+#include "hostapi/PIDataRecords.h"
+
+namespace PIData {
+const PICoordReferenceFrame PI_DEFAULT_REFFRAME{};
+}

@@ -1,0 +1,81 @@
+#pragma once
+// Request codes of the host door. Every host operation is one code passed to
+// handle() together with a parameter record; several operations share a code
+// and are told apart by a sub-operation number inside the record (see
+// docs/host-door.md for the full table).
+//
+// Bands: 1-99 plug-in housekeeping, 100-199 interface and GUI objects,
+// 200-280 scenario data, 308-327 common services, 400 onward display
+// services.
+
+#include <cstdint>
+
+enum PIServerFunctions_t : int32_t {
+  // Housekeeping
+  PI_OVERRIDE_THIS_POINTER = 16,
+
+  // Interface and GUI objects
+  PI_REGISTRY_SET_VALUE = 101,
+  PI_REGISTRY_GET_VALUE = 102,
+  PI_PROGRESS_DIALOG = 162,
+  PI_FILE_LOAD_DIALOG = 163,
+  PI_SERVER_GARBAGE = 168,
+
+  // Scenario data
+  PI_SCENARIO_INITIALIZE = 200,
+  PI_SCENARIO_DESCRIPTION = 203,
+  PI_SET_CLASSIFICATION = 204,
+  PI_SET_CLASSIFICATION_COLOR = 206,
+  PI_GET_REFERENCE_YEAR = 207,
+  PI_SET_REFERENCE_YEAR = 208,
+  PI_FIND_OBJECT_BY_NAME = 215,
+  PI_GET_OBJECT_LIST = 220,
+  PI_SET_OBJECT_OFFSET = 222,
+  PI_SET_STATUS = 227,
+  PI_SET_COLOR = 231,
+  PI_SET_TARGET = 233,
+  PI_SET_WIND_SPEED = 235,
+  PI_SET_WIND_DIRECTION = 237,
+  PI_GET_OBJECT_TYPE = 242,
+  PI_CLOCK = 246,
+  PI_ADD_CATEGORY_DATA = 247,
+  PI_CREATE_OBJECT = 248,
+  PI_UPDATE_HEADER = 249,
+  PI_GET_HEADER = 250,
+  PI_DELETE_SCENARIO = 251,
+  PI_SCENARIO_ORIGIN = 252,
+  PI_SET_INTERPOLATE = 254,
+  PI_ADD_DATA_POINT = 255,
+  PI_ORIENTATION_OFFSET = 258,
+  PI_PROJECTOR = 260,
+  PI_DATA_TABLE = 261,
+  PI_SCENARIO_FILE_NAME = 262,
+  PI_BEAM_OFFSET = 263,
+  PI_RCS_PATTERN_FILE = 264,
+  PI_FIND_BY_ORIGINAL_ID = 267,
+  PI_ADD_DATA_POINTS = 269,
+  PI_LASER_DATA = 274,
+  PI_FLUSH_ENTITY_DATA = 276,
+  PI_ADD_LOB_DRAW_STYLE = 277,
+  PI_GET_ORIGINAL_ID = 278,
+
+  // Common services
+  PI_DEBUG_PRINT = 308,
+  PI_DEBUG_MSG_BOX = 309,
+  PI_WAIT_CURSOR = 310,
+  PI_APPLICATION_INFO = 311,
+  PI_CREATE_ACTION = 319,
+  PI_SERVICE_BINDING = 322,
+  PI_REGISTER_FILE_HANDLER = 323,
+  PI_NOTIFY = 325,
+
+  // Display services
+  PI_LOAD_GOG_FILE = 428,
+  PI_SET_ANTENNA_INFO = 429,
+  PI_LOAD_TERRAIN_CONFIGURATION = 430,
+  PI_PREF_RULES = 431,
+  PI_RFPROP_SET_INPUT_FILES = 433,
+  PI_LOAD_MEDIA_FILE = 434,
+  PI_LOAD_VIEW_FILE = 435,
+  PI_LOAD_RANGE_CONFIGURATION = 442
+};
