@@ -1,0 +1,15 @@
+#include "pipeline/PipelineData.h"
+
+#include "pipeline/CommandParser.h"
+
+namespace FileReaderPlugin {
+
+PipelineData::~PipelineData() { delete parser; }
+
+void PipelineData::releaseParser() {
+  delete parser;
+  parser = nullptr;
+  endOfFile = false;
+}
+
+}  // namespace FileReaderPlugin

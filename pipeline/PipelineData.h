@@ -1,0 +1,30 @@
+#pragma once
+// The unit that travels between the read thread and the calling thread: one
+// command line, or the end-of-file mark. Items are made once per read and
+// recycled, so their token vectors keep their capacity from line to line.
+
+#include <string>
+#include <vector>
+
+namespace FileReaderPlugin {
+
+class CommandParser;
+
+class PipelineData {
+ public:
+  PipelineData() = default;
+  virtual ~PipelineData();
+  PipelineData(const PipelineData&) = delete;
+  PipelineData& operator=(const PipelineData&) = delete;
+
+  // Deletes the command of an earlier use and forgets the end mark; the
+  // tokens are left for the next line to overwrite in place.
+  void releaseParser();
+
+  CommandParser* parser = nullptr;  // owned: the clone for this line
+  std::vector<std::string> tokens;  // keyword first
+  double percent = 0.0;             // share of the file consumed, 0 to 100
+  bool endOfFile = false;
+};
+
+}  // namespace FileReaderPlugin
