@@ -1,0 +1,31 @@
+#pragma once
+// Each family of ASI commands enters its prototypes through one function, so
+// that AsiParser::populateCommands stays a list of families. Every prototype
+// is built with the read's shared provider; the caller owns what is returned
+// and enters it in the keyword table over the stand-by commands.
+
+#include <memory>
+#include <vector>
+
+namespace FileReaderPlugin {
+class CommandParser;
+}
+namespace AsiInterface {
+class ScenarioProvider;
+}
+
+namespace AsiReader {
+
+using CommandList = std::vector<FileReaderPlugin::CommandParser*>;
+
+// Platform commands ("PlatformID", "PlatformData", ...).
+void addPlatformCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                         CommandList& commands);
+
+// Scenario commands ("ReferenceYear", "CoordSystem", ...). The three
+// version-dependent keywords ("Classification", "GenericData", "ImageFile")
+// come last in the list, chosen by `version`.
+void addScenarioCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                         CommandList& commands);
+
+}  // namespace AsiReader

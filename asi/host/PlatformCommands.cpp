@@ -1,0 +1,8 @@
+#include "asi/host/CommandFamilies.h"
+
+namespace AsiReader {
+
+void addPlatformCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& /*provider*/, int /*version*/,
+                         CommandList& /*commands*/) {}
+
+}  // namespace AsiReader
