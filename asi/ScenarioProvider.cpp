@@ -230,10 +230,10 @@ void ScenarioProvider::setCoordSystem(int32_t coordSystem) {
   coordSystemGiven_ = true;
 }
 
-// The display application's kinds differ in bit 4 only; the named kind of
-// the "10" generation is accepted as well, whatever its value.
+// The display application's kinds (1 and its "10" generation 0x11) differ
+// in bit 4 only.
 bool ScenarioProvider::runningInORVIDE9or10() const {
-  return (static_cast<int32_t>(host_) & ~0x10) == PICommon::PI_HOST_ORVIDE || host_ == PICommon::PI_HOST_ORVIDE10;
+  return (static_cast<int32_t>(host_) & ~0x10) == PICommon::PI_HOST_ORVIDE;
 }
 
 // --- end of file -------------------------------------------------------------

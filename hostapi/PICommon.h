@@ -22,13 +22,14 @@ enum NotifySeverity : int32_t {
   PI_NOTIFY_DEBUG_INFO = 6
 };
 
-// The application that has loaded the plug-in.
+// The application that has loaded the plug-in. The "10" generation of an
+// application sets bit 4 of its kind.
 enum PIApplicationHost_t : int32_t {
   PI_HOST_UNKNOWN = 0,
   PI_HOST_ORVIDE = 1,
   PI_HOST_KURVEX = 2,
-  PI_HOST_ORVIDE10 = 3,
-  PI_HOST_KURVEX10 = 4
+  PI_HOST_ORVIDE10 = 0x11,
+  PI_HOST_KURVEX10 = 0x12
 };
 
 // A message to the user through the host's message window; `prefix` is put
