@@ -1,0 +1,71 @@
+// Loads that reach the host with data: exit status 0, the summary, the dump
+// and the append signal. A build whose keyword table lacks the platform
+// commands fails every such load at its end ("Must define at least one
+// non-static independent entity"); these tests skip there.
+#include "E2eSupport.h"
+
+namespace {
+
+using e2e::data;
+
+const char kNoPlatforms[] = "Must define at least one non-static independent entity";
+
+class Loaded : public e2e::HostRun {
+ protected:
+  // Runs and skips when the build cannot create platforms.
+  e2e::Outcome load(const std::vector<std::string>& args) {
+    e2e::Outcome r = run(args);
+    if (r.status == 3 && r.err.find(kNoPlatforms) != std::string::npos) skipped = true;
+    return r;
+  }
+  bool skipped = false;
+};
+
+TEST_F(Loaded, ExampleLoadsAndTheSummaryTellsWhatArrived) {
+  const e2e::Outcome r = load({"--dump", "dump.json", std::string(ORV_TEST_DATA_DIR) + "/../../examples/minimal.asi"});
+  if (skipped) GTEST_SKIP() << "platform commands are not part of this build";
+  EXPECT_EQ(r.status, 0) << r.err;
+  EXPECT_TRUE(r.err.empty()) << r.err;
+  EXPECT_NE(r.out.find("result 0 (loaded)"), std::string::npos) << r.out;
+  EXPECT_NE(r.out.find("objects:   platform 1\n"), std::string::npos);
+  EXPECT_NE(r.out.find("points:    3 "), std::string::npos);
+  EXPECT_NE(r.out.find("time span: 0 .. 600 s of 2024\n"), std::string::npos);
+  const auto dump = json("dump.json");
+  EXPECT_EQ(dump["host"]["signals"].size(), 0u);
+  EXPECT_EQ(dump["host"]["messageBoxes"].size(), 0u);
+}
+
+TEST_F(Loaded, SuccessfulAppendRaisesTheSignalUnlessNoServiceIsOffered) {
+  const e2e::Outcome r = load({"--dump", "dump.json", data("e2e_ship.asi"), data("e2e_ship_more.asi")});
+  if (skipped) GTEST_SKIP() << "platform commands are not part of this build";
+  EXPECT_EQ(r.status, 0) << r.err;
+  const auto signals = json("dump.json")["host"]["signals"];
+  ASSERT_EQ(signals.size(), 1u);
+  EXPECT_EQ(signals[0], "kesmet.orvide/PluginClient/SignalService/AppendData/1.0");
+  EXPECT_NE(r.out.find("objects:   platform 2\n"), std::string::npos) << r.out;
+
+  const e2e::Outcome quiet =
+      run({"--no-signal-service", "--dump", "quiet.json", data("e2e_ship.asi"), data("e2e_ship_more.asi")});
+  EXPECT_EQ(quiet.status, 0);
+  EXPECT_EQ(json("quiet.json")["host"]["signals"].size(), 0u);
+}
+
+TEST_F(Loaded, NoDataModeKeepsCountsAndSpans) {
+  const e2e::Outcome r = load({"--no-data", data("e2e_ship.asi")});
+  if (skipped) GTEST_SKIP() << "platform commands are not part of this build";
+  EXPECT_EQ(r.status, 0);
+  EXPECT_NE(r.out.find("points:    3 "), std::string::npos) << r.out;
+  EXPECT_NE(r.out.find("time span: 0 .. 120 s of 2024\n"), std::string::npos);
+}
+
+TEST_F(Loaded, RefusedCreationFailsTheLoad) {
+  const e2e::Outcome r = run({"--refuse", "createPlatform", data("e2e_ship.asi")});
+  const bool refusalSeen = r.err.find("Failed to create platform; check console for error messages") != std::string::npos;
+  if (!refusalSeen && r.err.find(kNoPlatforms) != std::string::npos)
+    GTEST_SKIP() << "platform commands are not part of this build";
+  EXPECT_TRUE(refusalSeen) << r.err;
+  EXPECT_EQ(r.status, 3);
+  EXPECT_NE(r.out.find("objects:   none"), std::string::npos) << r.out;
+}
+
+}  // namespace

@@ -1,0 +1,61 @@
+// Which reader takes a file, seen from the outside: the messages of the
+// selection and the load that follows, through the whole plug-in.
+#include "E2eSupport.h"
+
+namespace {
+
+using e2e::data;
+
+class ReaderSelection : public e2e::HostRun {
+ protected:
+  // Loads one file; expects exit 3 and answers stderr.
+  std::string failing(const std::string& file) {
+    const e2e::Outcome r = run({file});
+    EXPECT_EQ(r.status, 3) << file << "\n" << r.err;
+    return r.err;
+  }
+  static bool has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+};
+
+TEST_F(ReaderSelection, AsiFilesAreReadEvenBehindCommentsAndBlankLines) {
+  const std::string err = failing(data("e2e_no_id.asi"));
+  EXPECT_FALSE(has(err, "Unsupported format"));
+  EXPECT_TRUE(has(err, "Must define at least one non-static independent entity"));
+}
+
+TEST_F(ReaderSelection, AsiFileThatDoesNotStartWithVersionIsUnsupported) {
+  for (const char* name : {"e2e_reflat_first.asi", "e2e_empty.asi"}) {
+    const std::string err = failing(data(name));
+    EXPECT_TRUE(has(err, "Unsupported format for the file \"" + data(name) + "\"\n")) << err;
+    EXPECT_TRUE(has(err, "Failed to load file due to errors."));
+  }
+}
+
+TEST_F(ReaderSelection, MissingFilesByExtension) {
+  EXPECT_TRUE(has(failing(path("a.zip")), "File \"" + path("a.zip") + "\" not found or not readable.\n"));
+  EXPECT_TRUE(has(failing(path("a.kp")), "File \"" + path("a.kp") + "\" not found or not readable.\n"));
+  // Nobody claims ".xyz", so a missing one is unsupported, not missing.
+  EXPECT_TRUE(has(failing(path("a.xyz")), "Unsupported format for the file \"" + path("a.xyz") + "\"\n"));
+  EXPECT_TRUE(has(failing(data("e2e_not_asi.xyz")), "Unsupported format"));
+}
+
+TEST_F(ReaderSelection, ArchivesWithSeveralTypesAreRefused) {
+  const std::string multiple = "contains multiple supported file types.  Please remove unnecessary extra files.\n";
+  EXPECT_TRUE(has(failing(zip("mixed.zip", {{"a.asi", "Version 24\n"}, {"b.csv", "x,y\n"}})), multiple));
+  EXPECT_TRUE(has(failing(zip("side.zip", {{"a.csv", "x\n"}, {"b.tle", "t\n"}})), multiple));
+}
+
+TEST_F(ReaderSelection, ArchiveOfSideFormatsGoesToTheLegacyReader) {
+  const std::string err = failing(zip("two.zip", {{"b.csv", "x\n"}, {"a.csv", "y\n"}}));
+  EXPECT_FALSE(has(err, "multiple supported"));
+  EXPECT_TRUE(has(err, "reading of .zip files is not available")) << err;
+}
+
+TEST_F(ReaderSelection, ZippedHdf5AndCorruptArchives) {
+  EXPECT_TRUE(has(failing(zip("data.zip", {{"x.hdf5", "h"}})), "A zipped HDF5 file must have an hdfz extension.\n"));
+  std::ofstream(path("corrupt.zip")) << "PK this is not an archive";
+  EXPECT_TRUE(has(failing(path("corrupt.zip")), "Unsupported format for the file"));
+  EXPECT_TRUE(tmpIsEmpty());
+}
+
+}  // namespace
