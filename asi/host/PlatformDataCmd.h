@@ -1,0 +1,22 @@
+#pragma once
+// "PlatformData" against the host: the first good line of a platform creates
+// it (or merges it with one the host already holds) and releases what waited
+// for it; every later line is one point, one host call.
+
+#include "asi/PlatformDataCmd.h"
+
+namespace AsiReader {
+
+class PlatformData : public AsiInterface::PlatformData {
+ public:
+  using AsiInterface::PlatformData::PlatformData;
+
+  FileReaderPlugin::CommandParser* clone() const override { return new PlatformData(*this); }
+  void transmit() override;
+
+ private:
+  void create_(AsiInterface::PlatformEntity& platform);
+  void addPoint_(const AsiInterface::PlatformEntity& platform);
+};
+
+}  // namespace AsiReader

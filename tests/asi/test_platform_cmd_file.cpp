@@ -1,0 +1,95 @@
+// Whole ASI files through the read engine and the keyword table: the
+// platform commands together with the scenario commands that set the frame,
+// and the append rule that only platforms created by the file count.
+
+#include <fstream>
+#include <memory>
+
+#include "AsiTestSupport.h"
+#include "asi/LliResolver.h"
+#include "asi/host/AsiParser.h"
+#include "pipeline/FileReaderEngine.h"
+#include "pipeline/FileReaderProgress.h"
+
+using namespace AsiTest;
+using ::testing::Contains;
+
+namespace {
+
+const double DEG = 0.017453292519943295;
+
+class PlatformFileTest : public AsiFixture {
+ protected:
+  void TearDown() override {
+    // Commands parked in a provider keep it alive: each read is cleared.
+    for (auto& parser : parsers_)
+      if (parser->provider()) parser->provider()->clear();
+    parsers_.clear();
+    AsiFixture::TearDown();
+  }
+
+  int read(const std::string& name, const std::string& text, bool append = false) {
+    const std::string path = ::testing::TempDir() + name;
+    std::ofstream(path, std::ios::binary) << text;
+    parsers_.push_back(std::make_unique<AsiReader::AsiParser>(PICommon::PI_HOST_ORVIDE));
+    AsiReader::AsiParser& parser = *parsers_.back();
+    parser.setAppend(append);
+    parser.setResolver(&resolver_);
+    FileReaderPlugin::NullFileReaderProgress progress;
+    return FileReaderPlugin::FileReaderEngine(parser).execute(path, messages_, progress);
+  }
+
+  const RefHost::HostObject* hostPlatform(const std::string& name) {
+    return host_->scenario().find(host_->scenario().findByName(RefHost::KIND_PLATFORM, name));
+  }
+
+  AsiInterface::LliResolver resolver_{"plat"};
+  std::vector<std::unique_ptr<AsiReader::AsiParser>> parsers_;
+};
+
+const char* const SHIP_FILE =
+    "Version 24\n"
+    "CoordSystem LLA\n"
+    "RefLLA 30 -80 0\n"
+    "DegreeAngles 1\n"
+    "PlatformType 1 ship\n"
+    "PLATFORMID 1\n"
+    "platformname 1 \"Blue Ship\"\n"
+    "\"PlatformIcon\" 1 ship.opt\n"
+    "PlatformData 1 0 30 -80 0 90 0 0 10\n"
+    "PlatformData 1 10 30.001 -80 0 90 0 0 10\n";
+
+}  // namespace
+
+TEST_F(PlatformFileTest, AFileDefinesItsFrameAndCreatesItsPlatform) {
+  EXPECT_EQ(0, read("plat_ship.asi", SHIP_FILE));
+  EXPECT_TRUE(messages_.messages.empty()) << messages_.texts()[0];
+  const auto& origin = host_->scenario().settings().originLLA;
+  ASSERT_TRUE(origin.has_value());
+  EXPECT_NEAR(30 * DEG, (*origin)[0], 1e-12);
+  EXPECT_NEAR(-80 * DEG, (*origin)[1], 1e-12);
+
+  const RefHost::HostObject* ship = hostPlatform("Blue Ship");
+  ASSERT_NE(nullptr, ship);
+  EXPECT_EQ("ship.opt", ship->header.icon);
+  EXPECT_EQ(1u, ship->data(RefHost::SERIES_CATEGORY).count());
+  const RefHost::Series& points = ship->data(RefHost::SERIES_POINTS);
+  ASSERT_EQ(2u, points.count());
+  const double* second = points.record(1);
+  EXPECT_DOUBLE_EQ(10.0, second[0]);
+  EXPECT_NEAR(30.001 * DEG, second[1], 1e-12);
+  // Heading east at 10 m/s in east-north-up axes.
+  EXPECT_NEAR(10.0, second[7], 1e-9);
+  EXPECT_NEAR(0.0, second[8], 1e-9);
+  EXPECT_TRUE(parsers_.back()->hasNonStaticPlatforms());
+}
+
+TEST_F(PlatformFileTest, AnAppendWhosePlatformsAllMergeHasNoIndependentEntity) {
+  ASSERT_EQ(0, read("plat_first.asi", SHIP_FILE));
+  const size_t before = host_->scenario().list(RefHost::KIND_PLATFORM, std::nullopt).size();
+  EXPECT_EQ(-1, read("plat_again.asi", SHIP_FILE, true));
+  EXPECT_THAT(messages_.texts(), Contains("Must define at least one non-static independent entity"));
+  // Merged, not created again: the points went to the platform the host had.
+  EXPECT_EQ(before, host_->scenario().list(RefHost::KIND_PLATFORM, std::nullopt).size());
+  EXPECT_EQ(4u, hostPlatform("Blue Ship")->data(RefHost::SERIES_POINTS).count());
+}
