@@ -1,34 +1,20 @@
 // Whole loads that reach the host with data: result 0, the append signal,
 // one resolver across the files of a feed, archives and the dialog's
-// multi-file import. They need the scenario and platform commands; a build
-// without them skips these tests.
+// multi-file import.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <string>
 
 #include "PluginTestSupport.h"
-#include "asi/host/AsiParser.h"
 #include "hostapi/PIData.h"
 #include "hostapi/PIServices.h"
-#include "pipeline/NullParser.h"
 #include "plugin/FileReadPlugin.h"
 
 namespace {
 
-bool commandsPresent() {
-  AsiReader::AsiParser parser(PICommon::PI_HOST_ORVIDE);
-  parser.populateCommands(24);
-  for (const char* keyword : {"CoordSystem", "RefLLA", "PlatformID", "PlatformData"})
-    if (dynamic_cast<FileReaderPlugin::NullParser*>(parser.getCommand({keyword}))) return false;
-  return true;
-}
-
 class LoadedScenarioTest : public PluginHostTest {
  protected:
-  void SetUp() override {
-    if (!commandsPresent()) GTEST_SKIP() << "scenario and platform commands are not part of this build";
-  }
   void TearDown() override {
     plugin.reset();
     for (auto* functor : FileReadPlugin::callbackFunctors()) delete functor;
