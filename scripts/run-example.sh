@@ -1,16 +1,44 @@
 #!/usr/bin/env bash
-# Sets everything up (packages, configure, build), then loads the example
-# scenario into the reference host through the plug-in and prints the summary.
-# The host's full state is written to build/example-dump.json.
+# Sets everything up (packages, configure, build), then loads each example
+# scenario into the reference host through the plug-in, one scenario-host run
+# per scenario (the live feed as its two files), and prints each summary.
+# The host's full state after the harbour scenario is written to
+# build/example-dump.json, after the others to build/example-dump-<name>.json.
+# Exits non-zero if any example does not load with result 0.
 # Usage: scripts/run-example.sh [extra scenario-host options...]
 set -uo pipefail
 
 ROOT="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 BUILD_DIR="$ROOT/build"
+EXAMPLES="$ROOT/examples"
 
 bash "$ROOT/scripts/setup.sh" "$BUILD_DIR" || exit $?
 
-"$BUILD_DIR/bin/scenario-host" --dump "$BUILD_DIR/example-dump.json" "$@" "$ROOT/examples/minimal.asi"
-status=$?
-echo "scenario-host exit status: $status (dump: $BUILD_DIR/example-dump.json)"
-exit $status
+failed=0
+results=()
+
+# load NAME DUMP FILE... : one scenario-host run
+load() {
+  local name="$1" dump="$2"
+  shift 2
+  echo "==== $name"
+  "$BUILD_DIR/bin/scenario-host" --dump "$dump" "${EXTRA[@]}" "$@"
+  local status=$?
+  results+=("$(printf '%-14s exit status %d (dump: %s)' "$name" "$status" "$dump")")
+  [ "$status" -eq 0 ] || failed=1
+  echo
+}
+
+EXTRA=("$@")
+load harbour "$BUILD_DIR/example-dump.json" "$EXAMPLES/harbour.asi"
+load minimal "$BUILD_DIR/example-dump-minimal.json" "$EXAMPLES/minimal.asi"
+load aircraft_ecef "$BUILD_DIR/example-dump-aircraft_ecef.json" "$EXAMPLES/aircraft_ecef.asi"
+load live_feed "$BUILD_DIR/example-dump-live_feed.json" "$EXAMPLES/live_feed_1.asi" "$EXAMPLES/live_feed_2.asi"
+
+echo "==== results"
+printf '%s\n' "${results[@]}"
+if [ "$failed" -ne 0 ]; then
+  echo "some examples did not load with result 0"
+  exit 1
+fi
+echo "all examples loaded"

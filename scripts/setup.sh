@@ -15,7 +15,7 @@ PACKAGES=(
   libminizip-dev zlib1g-dev nlohmann-json3-dev libcli11-dev
   libgeographiclib-dev
   clang libclang-rt-14-dev
-  zip unzip
+  zip unzip time
 )
 
 SUDO=""

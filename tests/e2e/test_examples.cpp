@@ -1,0 +1,161 @@
+// The scenarios under examples/ load through scenario-host as the README
+// shows: result 0, no error or warning, and the platforms and points that
+// each file describes. The live feed loads as two files, and its rule holds:
+// the second file merges the first file's platforms by ASI id and must bring
+// a moving platform of its own.
+#include <map>
+#include <sstream>
+
+#include "E2eSupport.h"
+
+namespace {
+
+std::string example(const std::string& name) { return std::string(ORV_TEST_DATA_DIR) + "/../../examples/" + name; }
+
+// Platform name -> number of points.
+using Platforms = std::map<std::string, int>;
+
+class Examples : public e2e::HostRun {
+ protected:
+  // Runs scenario-host on the files with a dump and a message log.
+  e2e::Outcome load(const std::vector<std::string>& files) {
+    std::vector<std::string> args = {"--dump", "dump.json", "--messages", "messages.jsonl"};
+    args.insert(args.end(), files.begin(), files.end());
+    return run(args);
+  }
+
+  // Texts of errors and warnings (severity 1 to 3) in the message log.
+  std::vector<std::string> problems() const {
+    std::vector<std::string> texts;
+    for (const auto& m : jsonLines("messages.jsonl"))
+      if (m["severity"].get<int>() <= 3) texts.push_back(m["text"]);
+    return texts;
+  }
+
+  Platforms platforms(const nlohmann::json& dump) const {
+    Platforms found;
+    for (const auto& object : dump["objects"]) {
+      EXPECT_EQ(object["kind"], "platform");
+      const auto& data = object["data"];
+      found[object["header"]["name"]] = data.contains("points") ? data["points"]["count"].get<int>() : 0;
+    }
+    return found;
+  }
+
+  int total(const Platforms& expected) const {
+    int sum = 0;
+    for (const auto& p : expected) sum += p.second;
+    return sum;
+  }
+
+  void expectLoaded(const std::vector<std::string>& files, const Platforms& expected) {
+    const e2e::Outcome r = load(files);
+    EXPECT_EQ(r.status, 0) << r.out << r.err;
+    EXPECT_EQ(problems(), std::vector<std::string>{});
+    // Bad colours and the like are reported on stderr alone.
+    EXPECT_EQ(r.err.find("ERROR"), std::string::npos) << r.err;
+    const auto dump = json("dump.json");
+    EXPECT_EQ(platforms(dump), expected);
+    EXPECT_EQ(dump["statistics"]["points"], total(expected));
+  }
+
+  // The file without the lines that address the platform with ASI id `id`.
+  std::string without(const std::string& source, const std::string& id, const std::string& name) {
+    std::istringstream in(e2e::readText(source));
+    std::ofstream out(path(name));
+    for (std::string line; std::getline(in, line);) {
+      std::istringstream words(line);
+      std::string keyword, first;
+      words >> keyword >> first;
+      const bool addressed = keyword.rfind("Platform", 0) == 0 || keyword == "GenericData" || keyword == "CategoryData";
+      if (!(addressed && first == id)) out << line << "\n";
+    }
+    return path(name);
+  }
+
+  std::string withIdentifier(const std::string& source, const std::string& identifier, const std::string& name) {
+    std::string text = e2e::readText(source);
+    const std::string key = "# Scenario Identifier:";
+    const std::size_t at = text.find(key);
+    EXPECT_NE(at, std::string::npos);
+    if (at != std::string::npos) text.replace(at, text.find('\n', at) - at, key + " " + identifier);
+    std::ofstream(path(name)) << text;
+    return path(name);
+  }
+
+  const Platforms feedPlatforms = {
+      {"Patrol Vessel Kestrel", 21}, {"Morwenna PH 110", 21}, {"Coastguard Rescue 924", 8}};
+};
+
+TEST_F(Examples, SingleFilesLoadCleanWithTheirPlatformsAndPoints) {
+  {
+    SCOPED_TRACE("minimal.asi");
+    expectLoaded({example("minimal.asi")}, {{"Ship", 3}});
+  }
+  {
+    SCOPED_TRACE("harbour.asi");
+    expectLoaded({example("harbour.asi")}, {{"Gosport Queen", 18},
+                                            {"Solent Pilot 2", 8},
+                                            {"Atlantic Meridian", 27},
+                                            {"Tug Hamble", 9},
+                                            {"Outer Spit Buoy", 1},
+                                            {"Sea Breeze", 16}});
+  }
+  {
+    SCOPED_TRACE("aircraft_ecef.asi");
+    expectLoaded({example("aircraft_ecef.asi")}, {{"F-HBJT Falcon", 37}, {"Blagnac Tower", 1}});
+  }
+}
+
+TEST_F(Examples, HarbourCarriesItsScenarioSettingsAndTimeStrings) {
+  ASSERT_EQ(load({example("harbour.asi")}).status, 0);
+  const auto dump = json("dump.json");
+  EXPECT_EQ(dump["scenario"]["referenceYear"], 2025);
+  EXPECT_EQ(dump["scenario"]["classification"], "UNCLASSIFIED");
+  // 08:30 UTC on day 134, in seconds of 2025, to the ship's berthing.
+  EXPECT_EQ(dump["clock"]["begin"], 11521800.0);
+  EXPECT_EQ(dump["clock"]["end"], 11523323.0);
+
+  const auto& ship = dump["objects"][2];
+  ASSERT_EQ(ship["header"]["name"], "Atlantic Meridian");
+  EXPECT_EQ(ship["originalId"], 636091234);
+  // The day-of-year event times: aboard at 08:36:35 for a minute, all fast at 08:55:23.
+  const auto& generic = ship["data"]["genericData"]["records"];
+  ASSERT_EQ(generic.size(), 4u);
+  EXPECT_EQ(generic[2][0], 11522195.0);
+  EXPECT_EQ(generic[2][1], 60.0);
+  EXPECT_EQ(generic[2][3], "Pilot aboard");
+  EXPECT_EQ(generic[3][0], 11523323.0);
+  // The buoy's single point is static.
+  EXPECT_EQ(dump["objects"][4]["data"]["points"]["records"][0][0], -1.0);
+}
+
+TEST_F(Examples, TheLiveFeedAppendsItsSecondFileByAsiId) {
+  expectLoaded({example("live_feed_1.asi"), example("live_feed_2.asi")}, feedPlatforms);
+  const auto dump = json("dump.json");
+  EXPECT_EQ(dump["host"]["signals"].size(), 1u);
+  // The trawler's activity changes in the second file.
+  const auto& trawler = dump["objects"][1]["data"]["categoryData"]["records"];
+  ASSERT_FALSE(trawler.empty());
+  EXPECT_EQ(trawler.back()[2], "Hauling");
+}
+
+TEST_F(Examples, ASecondFeedFileWithoutAPlatformOfItsOwnFails) {
+  const std::string second = without(example("live_feed_2.asi"), "3", "feed_2_no_helicopter.asi");
+  const e2e::Outcome r = load({example("live_feed_1.asi"), second});
+  EXPECT_EQ(r.status, 3) << r.out << r.err;
+  const std::vector<std::string> texts = problems();
+  ASSERT_FALSE(texts.empty());
+  EXPECT_EQ(texts[0], "Must define at least one non-static independent entity\n");
+  // The points of the merged platforms went in all the same.
+  EXPECT_EQ(platforms(json("dump.json")), (Platforms{{"Patrol Vessel Kestrel", 21}, {"Morwenna PH 110", 21}}));
+}
+
+TEST_F(Examples, AnotherIdentifierMakesTheSecondFileAFeedOfItsOwn) {
+  const std::string second = withIdentifier(example("live_feed_2.asi"), "another-feed", "other_feed.asi");
+  ASSERT_EQ(load({example("live_feed_1.asi"), second}).status, 0);
+  // Nothing merges: the second file's platforms 1 and 2 are new.
+  EXPECT_EQ(json("dump.json")["objects"].size(), 5u);
+}
+
+}  // namespace
