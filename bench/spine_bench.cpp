@@ -24,18 +24,11 @@
 #include "pipeline/FileReaderEngine.h"
 #include "pipeline/FileReaderProgress.h"
 #include "pipeline/MessageManager.h"
+#include "pipeline/StandByParser.h"
 
 namespace {
 
-class StandByParser : public FileReaderPlugin::AsiParserAdapter {
- public:
-  void populateCommands(int version) override { initializeNullCommands_(version); }
-  FileReaderPlugin::CommandParser* getCommand(const std::vector<std::string>& tokens) override {
-    return tokens.empty() ? nullptr : findCommand_(tokens[0]);
-  }
-  int didComplete(FileReaderPlugin::MessageManager&) override { return 0; }
-  void initializeScenario(const std::string&) override {}
-};
+using FileReaderPlugin::StandByParser;
 
 // The per-line work of the read thread, without the hand-over.
 long readThreadWorkAlone(const std::string& path) {
