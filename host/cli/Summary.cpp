@@ -1,9 +1,11 @@
 #include "host/cli/Summary.h"
 
 #include <cmath>
+#include <cstdio>
 #include <limits>
 #include <map>
 #include <ostream>
+#include <string>
 
 #include "host/ReferenceHost.h"
 
@@ -34,6 +36,16 @@ int exitStatus(const std::vector<LoadOutcome>& outcomes) {
 }
 
 namespace {
+
+// Seconds in plain notation with at most millisecond digits: "600", "11521800.25".
+std::string seconds(double value) {
+  char text[64];
+  std::snprintf(text, sizeof text, "%.3f", value);
+  std::string out(text);
+  while (!out.empty() && out.back() == '0') out.pop_back();
+  if (!out.empty() && out.back() == '.') out.pop_back();
+  return out;
+}
 
 void widen(const Series& series, double& first, double& last) {
   if (!series.hasTimedRecords()) return;
@@ -86,7 +98,7 @@ void writeSummary(std::ostream& out, const ReferenceHost& host, const std::vecto
   out << "tables:    " << scenario.tables().size() << "\n";
   out << "time span: ";
   if (first <= last)
-    out << first << " .. " << last << " s of " << scenario.settings().referenceYear << "\n";
+    out << seconds(first) << " .. " << seconds(last) << " s of " << scenario.settings().referenceYear << "\n";
   else
     out << "none\n";
   out << "messages:  " << host.notifications().size() << " notifications, " << host.messageBoxes().size()
