@@ -1,9 +1,7 @@
 #include "asi/PlatformDataCmd.h"
 
-#include <charconv>
 #include <cmath>
 #include <cstdlib>
-#include <system_error>
 
 #include "core/Angle.h"
 #include "core/ValidNumber.h"
@@ -28,21 +26,8 @@ const size_t QUATERNION_MIN_TOKENS = 10;
 
 const char* const INVALID_POSITION = "Invalid platform position";
 
-// The strict validator's answer, faster on the common case: a plain decimal
-// that from_chars takes whole and finite is read exactly as the validator
-// reads it; anything else (a plus sign, blanks, underflow, other forms) is
-// left to the validator.
-bool number(const std::string& text, double& value) {
-  const char* first = text.data();
-  const char* last = first + text.size();
-  double read = 0.0;
-  const std::from_chars_result result = std::from_chars(first, last, read);
-  if (result.ec == std::errc() && result.ptr == last && std::isfinite(read)) {
-    value = read;
-    return true;
-  }
-  return orvCore::isValidNumber(text, value, true);
-}
+// Numbers of a data line may carry a plus sign.
+bool number(const std::string& text, double& value) { return orvCore::isValidNumber(text, value, true); }
 
 }  // namespace
 

@@ -1,11 +1,13 @@
 #include "core/ValidNumber.h"
 
 #include <cctype>
+#include <charconv>
 #include <cerrno>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <strings.h>
+#include <system_error>
 
 namespace orvCore {
 
@@ -175,6 +177,18 @@ bool isValidNumber(const std::string& text, signed char& out, bool allowPlusSign
 
 bool isValidNumber(const std::string& text, double& out, bool allowPlusSign) {
   out = 0;
+  // Fast path for the common case: a plain decimal that from_chars takes
+  // whole and finite reads exactly as strtod would (both round correctly),
+  // and from_chars takes no blanks, plus sign or hexadecimal. Everything
+  // else goes the full way below.
+  const char* first = text.data();
+  const char* last = first + text.size();
+  double read = 0.0;
+  const std::from_chars_result fast = std::from_chars(first, last, read);
+  if (fast.ec == std::errc() && fast.ptr == last && std::isfinite(read)) {
+    out = read;
+    return true;
+  }
   if (!leadOk(text, true, allowPlusSign)) return false;
   // strtod would accept hexadecimal floats; the file formats never mean them.
   if (text.find_first_of("xX") != std::string::npos) return false;
