@@ -151,13 +151,23 @@ std::string getTimeString(int referenceYear, double seconds, UnitType_t format, 
   }
 }
 
-std::string getScoreTimeString(double seconds, bool showDay, int precision) {
-  Ticks ticks;
+namespace {
+
+// The ticks of `seconds`, false where the value cannot be printed.
+bool ticksOf(double seconds, int precision, Ticks& ticks) {
   try {
     ticks = toTicks(seconds, precision);
+    return true;
   } catch (const TimeException&) {
-    return std::string();
+    return false;
   }
+}
+
+}  // namespace
+
+std::string getScoreTimeString(double seconds, bool showDay, int precision) {
+  Ticks ticks;
+  if (!ticksOf(seconds, precision, ticks)) return std::string();
   const FieldWriter writer(10);
   const uint64_t perMinute = 60 * ticks.scale;
   const uint64_t perHour = 3600 * ticks.scale;
@@ -177,11 +187,7 @@ std::string getJdayStringFromSeconds(double seconds, int precision) {
   if (!(seconds >= 0))
     return std::string();
   Ticks ticks;
-  try {
-    ticks = toTicks(seconds, precision);
-  } catch (const TimeException&) {
-    return std::string();
-  }
+  if (!ticksOf(seconds, precision, ticks)) return std::string();
   const FieldWriter writer(10);
   const uint64_t perMinute = 60 * ticks.scale;
   const uint64_t perHour = 3600 * ticks.scale;
