@@ -57,6 +57,7 @@ void ScenarioProvider::clear() {
   // them may free the provider itself, so they go last, from a local.
   std::map<uint64_t, CommandQueue> parked;
   parked.swap(deferred_);
+  parked_ = 0;
 }
 
 // --- entities --------------------------------------------------------------
@@ -183,7 +184,15 @@ bool ScenarioProvider::checkAndSetDoneOnce(uint64_t id, FileReaderPlugin::Comman
 
 void ScenarioProvider::addCommand(uint64_t id, FileReaderPlugin::CommandParser* parser) {
   if (parser == nullptr) return;  // an AsiInterface clone: nothing to run later
-  deferred_[id].emplace_back(parser);
+  std::unique_ptr<FileReaderPlugin::CommandParser> command(parser);
+  if (parked_ >= MAX_PARKED_COMMANDS) {
+    command->setMessage(PICommon::PI_NOTIFY_FATAL,
+                        "More than " + std::to_string(MAX_PARKED_COMMANDS) +
+                            " commands wait for entities that do not exist yet; the read stops");
+    return;
+  }
+  deferred_[id].push_back(std::move(command));
+  ++parked_;
 }
 
 int ScenarioProvider::transmitCommands(uint64_t id) {
@@ -192,6 +201,7 @@ int ScenarioProvider::transmitCommands(uint64_t id) {
   // Taken out first, so that a command run now may park anew under this id.
   CommandQueue queue = std::move(it->second);
   deferred_.erase(it);
+  parked_ -= queue.size();
   for (auto& command : queue) {
     command->transmit();
     // A warning does not stop the queue; an error drops this and the rest.

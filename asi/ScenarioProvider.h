@@ -4,6 +4,7 @@
 // for entities that the host does not hold yet. One provider lives for one
 // read; only the engine's main thread touches it.
 
+#include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <map>
@@ -38,6 +39,9 @@ class ScenarioProvider {
  public:
   // A time that the transmit skeleton refuses as outside the host's scenario.
   static constexpr double INVALID_TIME = -1.7976931348623157e308;
+  // Commands that may wait at once for entities not created yet. One more is
+  // a fatal error at its line: the store's memory stays bounded.
+  static constexpr std::size_t MAX_PARKED_COMMANDS = 100000;
 
   ScenarioProvider(int version, PICommon::PIApplicationHost_t host, bool requireIndependent = false);
   virtual ~ScenarioProvider();
@@ -91,8 +95,11 @@ class ScenarioProvider {
   // was already done for `id`; else records it and answers false.
   bool checkAndSetDoneOnce(uint64_t id, FileReaderPlugin::CommandParser* parser, const std::string& suffix);
 
-  // Parks `parser` (owned from now on) until entity `id` is created.
+  // Parks `parser` (owned from now on) until entity `id` is created. With
+  // MAX_PARKED_COMMANDS already waiting, `parser` reports a fatal error
+  // instead and is deleted.
   void addCommand(uint64_t id, FileReaderPlugin::CommandParser* parser);
+  std::size_t parkedCommands() const { return parked_; }
   // Runs what is parked for `id` in file order; 1 if a command ended in error.
   int transmitCommands(uint64_t id);
   // Sends the reference frame once it is complete; 1 with `message` if not.
@@ -136,6 +143,7 @@ class ScenarioProvider {
                          int& secondPassLines) const;
 
   std::map<uint64_t, CommandQueue> deferred_;
+  std::size_t parked_ = 0;  // commands in deferred_
   std::map<uint64_t, std::unique_ptr<Entity>> entities_;
   std::map<uint64_t, std::unique_ptr<Table>> tables_;
   std::map<uint64_t, std::unique_ptr<Projector>> projectors_;

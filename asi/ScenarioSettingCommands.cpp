@@ -1,6 +1,7 @@
 #include "asi/ScenarioSettingCommands.h"
 
 #include "core/Angle.h"
+#include "core/TimeStamp.h"
 #include "core/ValidNumber.h"
 
 namespace AsiInterface {
@@ -27,6 +28,12 @@ void ReferenceYear::executeStage1(const std::vector<std::string>& tokens) {
   }
   if (year < FIRST_REFERENCE_YEAR) {
     setMessage(PICommon::PI_NOTIFY_ERROR, "Year must be 1970 or larger");
+    return;
+  }
+  // The calendar ends here; a larger number would not even fit the host's
+  // int year.
+  if (year > static_cast<unsigned int>(orvCore::TimeStamp::MAX_YEAR)) {
+    setMessage(PICommon::PI_NOTIFY_ERROR, "Year must be " + std::to_string(orvCore::TimeStamp::MAX_YEAR) + " or smaller");
     return;
   }
   provider_->setReferenceYear(static_cast<int>(year));

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <fstream>
@@ -117,7 +118,11 @@ std::string getTempFileName(const std::string& prefix, const std::string& suffix
   // that names differ within and between processes.
   static std::atomic<unsigned long> counter(static_cast<unsigned long>(std::clock()) +
                                             static_cast<unsigned long>(::getpid()) * 100000UL);
-  const std::string dir = fileTempDir();
+  std::string dir = fileTempDir();
+  // A temporary folder that does not exist is not used, for whoever makes the
+  // name would have to create it on the way and leave it behind: the system's
+  // own folder serves instead, as it does for tmpfile().
+  if (!dir.empty() && !fileIsDirectory(dir)) dir = std::string(P_tmpdir) + "/";
   const std::string stem = prefix.empty() ? "tmpfile" : prefix;
   for (int attempt = 0; attempt < 10000; ++attempt) {
     const std::string name = dir + stem + std::to_string(counter++) + suffix;

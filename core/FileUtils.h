@@ -40,7 +40,8 @@ bool writeBufferToFile(const std::string& path, size_t size, const char* buffer)
 
 // A name in fileTempDir() that no file or directory holds yet: prefix (an
 // empty one becomes "tmpfile"), a number started from the process clock,
-// suffix. The file is not created.
+// suffix. The file is not created. When fileTempDir() names a folder that
+// does not exist, the name is made in the system's "/tmp" instead.
 std::string getTempFileName(const std::string& prefix = "tmpfile", const std::string& suffix = "");
 // True if the first line holds a carriage return.
 bool hasWindowsLineEndings(const std::string& path);

@@ -1,5 +1,6 @@
 #include "core/VectorMath.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/Angle.h"
@@ -83,13 +84,20 @@ void dQNorm(const double q[4], double out[4], double tolerance) {
     out[0] = out[1] = out[2] = out[3] = 0.0;
     return;
   }
-  const double mag = std::sqrt(q[0] * q[0] + q[1] * q[1] + q[2] * q[2] + q[3] * q[3]);
-  if (mag == 0.0) {
+  // Scaled by the largest magnitude first, so that the squares neither
+  // overflow (components near 1e200) nor vanish (near 1e-170).
+  double largest = 0.0;
+  for (int i = 0; i < 4; ++i) largest = std::max(largest, std::fabs(q[i]));
+  if (largest == 0.0 || !std::isfinite(largest)) {
     out[0] = out[1] = out[2] = out[3] = 0.0;
     return;
   }
+  double scaled[4];
+  for (int i = 0; i < 4; ++i) scaled[i] = q[i] / largest;
+  const double mag = std::sqrt(scaled[0] * scaled[0] + scaled[1] * scaled[1] + scaled[2] * scaled[2] +
+                               scaled[3] * scaled[3]);
   for (int i = 0; i < 4; ++i) {
-    const double v = q[i] / mag;
+    const double v = scaled[i] / mag;
     out[i] = std::fabs(v) < tolerance ? 0.0 : v;
   }
 }

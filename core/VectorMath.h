@@ -35,8 +35,9 @@ void d3Mv3Mult(const double m[][3], const Vec3& v, Vec3& out);
 // out = transpose(m) * v.
 void d3MTv3Mult(const double m[][3], const Vec3& v, Vec3& out);
 
-// Normalises q into out; a zero (or null) quaternion gives zeros, and any
-// component whose magnitude ends under the tolerance becomes exactly 0.
+// Normalises q into out, for any magnitude a double holds; a zero, infinite
+// (or null) quaternion gives zeros, and any component whose magnitude ends
+// under the tolerance becomes exactly 0.
 void dQNorm(const double q[4], double out[4], double tolerance = 1.0e-9);
 // Hamilton product out = q1 * q2: the turn of q1 followed by the turn of q2
 // (its DCM is DCM(q2) * DCM(q1)). Does nothing if any pointer is null.

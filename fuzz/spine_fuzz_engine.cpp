@@ -53,6 +53,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   FileReaderPlugin::NullFileReaderProgress progress;
   FileReaderPlugin::FileReaderEngine engine(parser);
   const int result = engine.execute(scratchPath(), messages, progress);
+  // Nothing stays behind, whichever way the run ends.
+  std::remove(scratchPath().c_str());
   // Stand-by commands report nothing: only a clean read or a refused file.
   if (result != 0 && result != -1) std::abort();
   if (messages.numberOfErrors() > 1) std::abort();

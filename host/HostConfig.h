@@ -39,6 +39,9 @@ struct HostConfig {
   // Client operations to refuse, by name ("createPlatform", "addDataPoint",
   // "loadGOGFile", ...). A refused request changes nothing and answers failure.
   std::set<std::string> refusals;
+  // Client operations that throw std::bad_alloc instead, as a host whose
+  // memory has run out does.
+  std::set<std::string> outOfMemory;
 
   // Keep per-object counts and time spans but no point data.
   bool noData = false;

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <new>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -36,6 +37,7 @@ struct Dispatcher {
   // Names the operation; true when the configuration refuses it.
   bool refuse(Request& r, const char* op) {
     r.op = op;
+    if (!host.config().outOfMemory.empty() && host.config().outOfMemory.count(op) != 0) throw std::bad_alloc();
     r.refused = !host.config().refusals.empty() && host.refuses(op);
     return r.refused;
   }

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <exception>
 #include <iostream>
+#include <new>
 #include <sstream>
 
 #include "host/HostDispatch.h"
@@ -81,9 +82,13 @@ std::uint64_t ReferenceHost::dispatch(PIFunctionMap*, void* context, PIServerFun
   request.tracing = trace_ != nullptr;
   ++depth_;
   std::uint64_t answer = 0;
-  // Nothing may leave the door as an exception: a failure is an answer.
+  // A failure is an answer, except running out of memory: that travels on,
+  // as it would out of the real host, and the plug-in has to stop it.
   try {
     answer = serve_(request);
+  } catch (const std::bad_alloc&) {
+    --depth_;
+    throw;
   } catch (const std::exception&) {
     request.problem = "host error while serving the request";
   }

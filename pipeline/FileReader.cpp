@@ -3,10 +3,11 @@
 #include <fstream>
 #include <vector>
 
-#include "core/Tokenizer.h"
+#include "core/FileUtils.h"
 #include "core/ValidNumber.h"
 #include "hostapi/PICommon.h"
 #include "pipeline/AsiLine.h"
+#include "pipeline/AsiLineReader.h"
 #include "pipeline/KeywordLess.h"
 
 namespace FileReaderPlugin {
@@ -15,14 +16,25 @@ namespace {
 const char SCENARIO_IDENTIFIER_KEY[] = "# Scenario Identifier:";
 }  // namespace
 
-int FileReader::canReadAsiFile(const std::string& path) {
-  std::ifstream stream(path);
-  if (stream.fail()) return NOT_READABLE;
+bool FileReader::openRegularFile(const std::string& path, std::ifstream& stream) {
+  // Anything else is refused before it is opened: opening a named pipe
+  // blocks until a writer comes, and a device may never end.
+  if (!UTILS::fileIsFile(path)) return false;
+  stream.open(path, std::ios::in | std::ios::binary);
+  return stream.is_open();
+}
 
-  std::string line;
+int FileReader::canReadAsiFile(const std::string& path) {
+  std::ifstream stream;
+  if (!openRegularFile(path, stream)) return NOT_READABLE;
+
+  AsiLineReader lines(stream);
   std::vector<std::string> tokens;
-  while (orvCore::getStrippedLine(stream, line)) {
-    tokenizeAsiLine(line, tokens);
+  for (AsiLineReader::Status status; (status = lines.next()) == AsiLineReader::LINE ||
+                                     status == AsiLineReader::TOO_LONG;) {
+    // An overlong line is no command; the read reports it.
+    if (status == AsiLineReader::TOO_LONG) continue;
+    tokenizeAsiLine(lines.line(), tokens);
     if (tokens.empty()) continue;
 
     const std::string keyword("Version");
@@ -39,13 +51,16 @@ int FileReader::canReadAsiFile(const std::string& path) {
 FileReader::IdentifierScan FileReader::scanAsiScenarioIdentifier(const std::string& path,
                                                                  std::string& id) {
   id.clear();
-  std::ifstream stream(path);
-  if (stream.fail()) return IdentifierScan::CANNOT_OPEN;
+  std::ifstream stream;
+  if (!openRegularFile(path, stream)) return IdentifierScan::CANNOT_OPEN;
 
   const std::string key(SCENARIO_IDENTIFIER_KEY);
-  std::string line;
+  AsiLineReader lines(stream);
   std::vector<std::string> tokens;
-  while (orvCore::getStrippedLine(stream, line)) {
+  for (AsiLineReader::Status status; (status = lines.next()) == AsiLineReader::LINE ||
+                                     status == AsiLineReader::TOO_LONG;) {
+    if (status == AsiLineReader::TOO_LONG) continue;
+    const std::string& line = lines.line();
     tokenizeAsiLine(line, tokens);
     // The first command ends the search: an identifier stands above it.
     if (!tokens.empty()) return IdentifierScan::FOUND_OR_NONE;

@@ -2,6 +2,7 @@
 // The abstract reader: one per file family. The factory asks each reader in
 // turn whether it can read a file and clones the one that can.
 
+#include <iosfwd>
 #include <map>
 #include <string>
 
@@ -38,6 +39,10 @@ class FileReader {
   virtual FileReader* clone() const = 0;
   // Pattern ("*.asi") to description.
   virtual void getSupportedFileExtensions(std::map<std::string, std::string>& extensions) const = 0;
+
+  // Opens `path` for binary input if it is a regular file (or a link to one);
+  // anything else is refused without being opened. False if not opened.
+  static bool openRegularFile(const std::string& path, std::ifstream& stream);
 
   // 0 if the first command of the file is a well-formed Version command;
   // otherwise 1 (unreadable), 2 (no command) or 3 (first command not Version).

@@ -7,16 +7,20 @@
 #include <memory>
 #include <vector>
 
-#include "core/Tokenizer.h"
+#include "core/Failure.h"
 #include "core/ValidNumber.h"
 #include "pipeline/AsiLine.h"
+#include "pipeline/AsiLineReader.h"
 #include "pipeline/CommandParser.h"
+#include "pipeline/FileReader.h"
 #include "pipeline/FileReaderParser.h"
 #include "pipeline/FileReaderProgress.h"
 #include "pipeline/KeywordLess.h"
+#include "pipeline/LineTooLong.h"
 #include "pipeline/MessageManager.h"
 #include "pipeline/PipelineData.h"
 #include "pipeline/ProtectedQueue.h"
+#include "pipeline/ReadLimits.h"
 #include "pipeline/ReadThread.h"
 
 namespace FileReaderPlugin {
@@ -35,21 +39,37 @@ void deleteItems(ProtectedQueue& queue) {
   while (PipelineData* item = queue.pop()) delete item;
 }
 
+// The two queues of one read; whatever items they hold go with them.
+struct Pool {
+  ProtectedQueue freeQueue;
+  ProtectedQueue fullQueue;
+  ~Pool() {
+    deleteItems(freeQueue);
+    deleteItems(fullQueue);
+  }
+};
+
 enum class Stop { NONE, CANCELED, FATAL, TOO_MANY_ERRORS };
 
 }  // namespace
 
-int FileReaderEngine::getVersion_(std::istream& stream, unsigned long& lineNumber,
+int FileReaderEngine::getVersion_(AsiLineReader& reader, unsigned long& lineNumber,
                                   MessageManager& messages) {
-  std::string line;
   std::vector<std::string> tokens;
   while (true) {
-    if (!orvCore::getStrippedLine(stream, line)) {
+    const AsiLineReader::Status status = reader.next();
+    if (status == AsiLineReader::END || status == AsiLineReader::FAILED) {
       messages.addMessage(PICommon::PI_NOTIFY_ERROR, "Did not find required Version command", lineNumber);
       return -1;
     }
     ++lineNumber;
-    tokenizeAsiLine(line, tokens);
+    tokenizeAsiLine(reader.line(), tokens);
+    if (status == AsiLineReader::TOO_LONG) {
+      // No command, as in the rest of the file: reported and skipped.
+      messages.addMessage(PICommon::PI_NOTIFY_ERROR,
+                          LineTooLong::text(lineNumber, tokens.empty() ? std::string() : tokens[0]), lineNumber);
+      continue;
+    }
     if (!tokens.empty()) break;
   }
 
@@ -84,28 +104,48 @@ int FileReaderEngine::getVersion_(std::istream& stream, unsigned long& lineNumbe
 
 int FileReaderEngine::execute(const std::string& path, MessageManager& messages,
                               FileReaderProgress& progress) {
-  std::ifstream stream(path, std::ios::in | std::ios::binary);
-  if (!stream.is_open()) {
+  try {
+    return execute_(path, messages, progress);
+  } catch (...) {
+    // Reached only from the steps around the transmission loop (the table,
+    // the scenario's start, the end-of-file checks); the read thread has been
+    // joined by the time the exception arrives here.
+    const char* why = orvCore::currentFailure();
+    try {
+      messages.addMessage(PICommon::PI_NOTIFY_FATAL, "Reading " + path + " failed: " + why, 0);
+    } catch (...) {
+      // Not even the message fits in memory; the result still says so.
+    }
+    return -1;
+  }
+}
+
+int FileReaderEngine::execute_(const std::string& path, MessageManager& messages,
+                               FileReaderProgress& progress) {
+  // Only a regular file is read: a named pipe would block the host's thread
+  // in open, and a device never ends.
+  std::ifstream stream;
+  if (!FileReader::openRegularFile(path, stream)) {
     messages.addMessage(PICommon::PI_NOTIFY_ERROR, "Could not open " + path, 0);
     return -1;
   }
+  AsiLineReader reader(stream);
 
   unsigned long lineNumber = 0;
-  const int version = getVersion_(stream, lineNumber, messages);
+  const int version = getVersion_(reader, lineNumber, messages);
   if (version < 0) return -1;
 
   parser_.populateCommands(version);
   parser_.initializeScenario(path);
 
-  ProtectedQueue freeQueue;
-  ProtectedQueue fullQueue;
-  for (std::size_t i = 0; i < POOL_SIZE; ++i) freeQueue.push(new PipelineData);
+  // Declared before the thread, so that on every way out the thread is
+  // joined before the items go.
+  Pool pool;
+  for (std::size_t i = 0; i < POOL_SIZE; ++i) pool.freeQueue.push(new PipelineData);
 
-  std::unique_ptr<ReadThread> thread(
-      new ReadThread(parser_, stream, lineNumber, freeQueue, fullQueue));
+  std::unique_ptr<ReadThread> thread(new ReadThread(parser_, reader, lineNumber, pool.freeQueue, pool.fullQueue));
   if (thread->start() != 0) {
     messages.addMessage(PICommon::PI_NOTIFY_ERROR, "Could not start the thread that reads " + path, 0);
-    deleteItems(freeQueue);
     return -1;
   }
 
@@ -113,22 +153,21 @@ int FileReaderEngine::execute(const std::string& path, MessageManager& messages,
   bool completeFailed = false;
   int lastPercent = 0;
   while (true) {
-    PipelineData* item = fullQueue.pop();
+    PipelineData* item = pool.fullQueue.pop();
     if (item == nullptr) {
       usleep(POLL_MICROSECONDS);
       continue;
     }
 
-    if (CommandParser* command = item->parser) {
-      command->setMessageManager(&messages);
-      command->executeStage1(item->tokens);
-      command->transmit();
-    }
+    bool ran = true;
+    if (CommandParser* command = item->parser) ran = runCommand_(*command, item->tokens, messages);
+    // A huge line's tokens are not kept in the pool.
+    if (item->weight > ITEM_KEEP_BYTES) item->releaseTokens();
 
-    if (messages.hasFatalError() || messages.numberOfErrors() > MAX_ERRORS) {
-      stopped = messages.hasFatalError() ? Stop::FATAL : Stop::TOO_MANY_ERRORS;
+    if (!ran || messages.hasFatalError() || messages.numberOfErrors() > MAX_ERRORS) {
+      stopped = !ran || messages.hasFatalError() ? Stop::FATAL : Stop::TOO_MANY_ERRORS;
       thread->stop = true;
-      freeQueue.push(item);
+      pool.freeQueue.push(item);
       break;
     }
 
@@ -141,15 +180,24 @@ int FileReaderEngine::execute(const std::string& path, MessageManager& messages,
       if (canceled) {
         stopped = Stop::CANCELED;
         thread->stop = true;
-        freeQueue.push(item);
+        pool.freeQueue.push(item);
         break;
       }
     }
 
     const bool last = item->endOfFile;
-    freeQueue.push(item);
+    pool.freeQueue.push(item);
     if (last) {
-      completeFailed = parser_.didComplete(messages) < 0;
+      if (const char* why = thread->failure()) {
+        // The read thread stopped early: the rest of the file never came.
+        messages.addMessage(PICommon::PI_NOTIFY_FATAL,
+                            "Read failed at line " + std::to_string(thread->failureLine()) + ": " + why +
+                                "; the rest of the file is not loaded",
+                            0);
+        stopped = Stop::FATAL;
+      } else {
+        completeFailed = parser_.didComplete(messages) < 0;
+      }
       break;
     }
   }
@@ -157,25 +205,38 @@ int FileReaderEngine::execute(const std::string& path, MessageManager& messages,
   thread->join();
   thread->getUnsupportedCommands(messages);
   thread.reset();
+  // Commands still queued when a read stopped go unexecuted with the pool.
 
-  int result;
   if (stopped == Stop::CANCELED) {
     messages.addMessage(PICommon::PI_NOTIFY_INFO, "File loading canceled by user", 0);
-    result = 1;
-  } else if (stopped == Stop::FATAL || completeFailed || messages.hasFatalError()) {
-    result = -1;
-  } else if (stopped == Stop::TOO_MANY_ERRORS) {
-    result = -2;
-  } else if (messages.numberOfErrors() == 0) {
-    result = 0;
-  } else {
-    result = 2;
+    return 1;
   }
+  if (stopped == Stop::FATAL || completeFailed || messages.hasFatalError()) return -1;
+  if (stopped == Stop::TOO_MANY_ERRORS) return -2;
+  return messages.numberOfErrors() == 0 ? 0 : 2;
+}
 
-  // Commands still queued when a read stopped go unexecuted.
-  deleteItems(freeQueue);
-  deleteItems(fullQueue);
-  return result;
+bool FileReaderEngine::runCommand_(CommandParser& command, const std::vector<std::string>& tokens,
+                                   MessageManager& messages) noexcept {
+  try {
+    command.setMessageManager(&messages);
+    command.executeStage1(tokens);
+    command.transmit();
+    return true;
+  } catch (...) {
+    // Whatever a command or the host lets fly (memory running out above
+    // all) ends the read as a fatal error at the command's line.
+    const char* why = orvCore::currentFailure();
+    try {
+      const unsigned long line = command.lineNumber();
+      messages.addMessage(PICommon::PI_NOTIFY_FATAL,
+                          "Line " + std::to_string(line) + " " + command.name() + ": " + why + "; the read stops",
+                          line);
+    } catch (...) {
+      // Not even the message fits in memory; the caller stops all the same.
+    }
+    return false;
+  }
 }
 
 }  // namespace FileReaderPlugin

@@ -7,9 +7,12 @@
 #include <cstddef>
 #include <istream>
 #include <string>
+#include <vector>
 
 namespace FileReaderPlugin {
 
+class AsiLineReader;
+class CommandParser;
 class FileReaderParser;
 class FileReaderProgress;
 class MessageManager;
@@ -27,12 +30,18 @@ class FileReaderEngine {
   virtual ~FileReaderEngine() = default;
 
   // One read of one file. Returns 0 loaded, 1 canceled, 2 loaded with errors,
-  // -1 failed, -2 stopped after too many errors.
+  // -1 failed, -2 stopped after too many errors. Nothing that a command, the
+  // host or the standard library throws leaves it: a failure is a fatal error.
   int execute(const std::string& path, MessageManager& messages, FileReaderProgress& progress);
 
  private:
   // The version to read the file as, or -1 after reporting why there is none.
-  int getVersion_(std::istream& stream, unsigned long& lineNumber, MessageManager& messages);
+  int getVersion_(AsiLineReader& reader, unsigned long& lineNumber, MessageManager& messages);
+  int execute_(const std::string& path, MessageManager& messages, FileReaderProgress& progress);
+  // Runs both stages of one command; false if it threw, which has been
+  // reported as a fatal error as far as memory allows.
+  static bool runCommand_(CommandParser& command, const std::vector<std::string>& tokens,
+                          MessageManager& messages) noexcept;
 
   FileReaderParser& parser_;
 };

@@ -27,8 +27,8 @@ int LegacyReader::canReadFile(const std::string& path) const {
     }
   }
   if (!isSupportedFormat_(extension)) return NOT_THIS_FORMAT;
-  std::ifstream in(path);
-  return in ? CAN_READ : NOT_READABLE;
+  std::ifstream in;
+  return openRegularFile(path, in) ? CAN_READ : NOT_READABLE;
 }
 
 int LegacyReader::read(const std::string& path) {

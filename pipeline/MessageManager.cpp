@@ -13,9 +13,9 @@ void MessageManager::addMessage(PICommon::NotifySeverity severity, const std::st
                                 unsigned long line) {
   if (static_cast<int>(severity) == SEVERITY_FATAL) {
     // Fatal messages are never held back by the cap.
-    writeMessage_(severity, text, line);
+    write_(severity, text, line);
   } else if (numberOfMessages() < MAX_MESSAGES) {
-    writeMessage_(severity, text, line);
+    write_(severity, text, line);
   }
   // Counted even when not written, so that the engine's error limit keeps
   // working past the cap.
@@ -27,6 +27,14 @@ void MessageManager::addMessage(PICommon::NotifySeverity severity, const std::st
     writeMessage_(PICommon::PI_NOTIFY_ERROR,
                   "Maximum messages logged; any remaining messages are ignored.", 0);
   }
+}
+
+void MessageManager::write_(PICommon::NotifySeverity severity, const std::string& text, unsigned long line) {
+  if (text.size() <= MAX_MESSAGE_LENGTH) return writeMessage_(severity, text, line);
+  writeMessage_(severity,
+                text.substr(0, MAX_MESSAGE_LENGTH) + "... (" + std::to_string(text.size() - MAX_MESSAGE_LENGTH) +
+                    " more characters)",
+                line);
 }
 
 void MessageManager::count_(PICommon::NotifySeverity severity) {

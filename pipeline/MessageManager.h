@@ -3,6 +3,7 @@
 // cap of 500 written messages keeps a broken file from flooding the console;
 // the error count is what the read engine watches to stop a read.
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -13,6 +14,9 @@ namespace FileReaderPlugin {
 class MessageManager {
  public:
   static constexpr std::uint64_t MAX_MESSAGES = 500;
+  // Longer texts are cut to this many characters, with a note of how many
+  // were left out: a message may quote a file's text, which can be huge.
+  static constexpr std::size_t MAX_MESSAGE_LENGTH = 2000;
 
   MessageManager() = default;
   virtual ~MessageManager() = default;
@@ -34,6 +38,7 @@ class MessageManager {
 
  private:
   void count_(PICommon::NotifySeverity severity);
+  void write_(PICommon::NotifySeverity severity, const std::string& text, unsigned long line);
 
   bool fatal_ = false;
   std::uint64_t errors_ = 0;

@@ -12,4 +12,9 @@ void PipelineData::releaseParser() {
   endOfFile = false;
 }
 
+void PipelineData::releaseTokens() {
+  std::vector<std::string>().swap(tokens);
+  weight = 0;
+}
+
 }  // namespace FileReaderPlugin

@@ -2,11 +2,14 @@
 
 #include <OpenThreads/ScopedLock>
 
+#include "pipeline/PipelineData.h"
+
 namespace FileReaderPlugin {
 
 void ProtectedQueue::push(PipelineData* item) {
   OpenThreads::ScopedLock<OpenThreads::Mutex> lock(mutex_);
   items_.push_back(item);
+  weight_ += item->weight;
 }
 
 PipelineData* ProtectedQueue::pop() {
@@ -14,12 +17,18 @@ PipelineData* ProtectedQueue::pop() {
   if (items_.empty()) return nullptr;
   PipelineData* item = items_.front();
   items_.pop_front();
+  weight_ -= item->weight;
   return item;
 }
 
 std::size_t ProtectedQueue::size() {
   OpenThreads::ScopedLock<OpenThreads::Mutex> lock(mutex_);
   return items_.size();
+}
+
+std::size_t ProtectedQueue::weight() {
+  OpenThreads::ScopedLock<OpenThreads::Mutex> lock(mutex_);
+  return weight_;
 }
 
 }  // namespace FileReaderPlugin

@@ -2,25 +2,40 @@
 
 #include <unistd.h>
 
+#include <new>
+
+#include "core/Failure.h"
 #include "pipeline/AsiLine.h"
+#include "pipeline/AsiLineReader.h"
 #include "pipeline/CommandParser.h"
 #include "pipeline/FileReaderParser.h"
+#include "pipeline/LineTooLong.h"
 #include "pipeline/MessageManager.h"
 #include "pipeline/NullParser.h"
 #include "pipeline/PipelineData.h"
 #include "pipeline/ProtectedQueue.h"
+#include "pipeline/ReadLimits.h"
 
 namespace FileReaderPlugin {
 
 namespace {
+
 const useconds_t POLL_MICROSECONDS = 10000;
+
+// The memory that a token vector holds: the vector's slots and every
+// string's own buffer.
+std::size_t tokenBytes(const std::vector<std::string>& tokens) {
+  std::size_t bytes = tokens.capacity() * sizeof(std::string);
+  for (const std::string& token : tokens) bytes += token.capacity();
+  return bytes;
+}
+
 }  // namespace
 
-ReadThread::ReadThread(FileReaderParser& parserIn, std::istream& streamIn,
-                       unsigned long lineNumberIn, ProtectedQueue& freeQueueIn,
-                       ProtectedQueue& fullQueueIn)
+ReadThread::ReadThread(FileReaderParser& parserIn, AsiLineReader& readerIn, unsigned long lineNumberIn,
+                       ProtectedQueue& freeQueueIn, ProtectedQueue& fullQueueIn)
     : parser(&parserIn),
-      stream(&streamIn),
+      reader(&readerIn),
       lineNumber(lineNumberIn),
       freeQueue(&freeQueueIn),
       fullQueue(&fullQueueIn) {}
@@ -43,17 +58,48 @@ PipelineData* ReadThread::takeFreeItem_() {
   return item;
 }
 
+bool ReadThread::pushHeld_() {
+  // One item always passes, however heavy, so a huge line cannot wait for ever.
+  while (held_->weight > 0 && fullQueue->weight() > 0 &&
+         fullQueue->weight() + held_->weight > MAX_QUEUED_TOKEN_BYTES) {
+    usleep(POLL_MICROSECONDS);
+    if (stop) return false;
+  }
+  fullQueue->push(held_);
+  held_ = nullptr;
+  return true;
+}
+
 void ReadThread::run() {
   try {
     readLines_();
   } catch (...) {
-    // Nothing may escape a thread. If reading broke down, the calling thread
-    // still needs its end item, or it would wait for ever.
-    if (!stop) sendEndOfFile_();
+    // Nothing may escape a thread. The calling thread still needs its end
+    // item, or it would wait for ever, and must learn that the rest of the
+    // file was not read.
+    fail_(orvCore::currentFailure(), lineNumber);
   }
   if (held_ != nullptr) {
     freeQueue->push(held_);
     held_ = nullptr;
+  }
+}
+
+void ReadThread::fail_(const char* why, unsigned long line) {
+  if (stop) return;
+  failure_ = why;
+  failureLine_ = line;
+  try {
+    sendEndOfFile_();
+  } catch (...) {
+    // Memory is gone even for the end mark: send the held item bare.
+    if (held_ != nullptr) {
+      held_->releaseParser();
+      held_->tokens.clear();
+      held_->endOfFile = true;
+      fullQueue->push(held_);
+      held_ = nullptr;
+    }
   }
 }
 
@@ -63,30 +109,36 @@ void ReadThread::sendEndOfFile_() {
   // A fresh item keeps the percent of its earlier use.
   held_->releaseParser();
   held_->tokens.clear();
+  held_->weight = 0;
   held_->endOfFile = true;
   held_->parser = new NullParser("Null");
   fullQueue->push(held_);
   held_ = nullptr;
 }
 
-void ReadThread::readLines_() {
-  std::istream& in = *stream;
-  const std::streamoff start = in.tellg();
-  double consumed = start < 0 ? 0.0 : static_cast<double>(start);
-  double factor = 0.0;
-  if (start >= 0) {
-    in.seekg(0, std::ios::end);
-    const std::streamoff size = in.tellg();
-    in.seekg(start, std::ios::beg);
-    if (size > 0) factor = 100.0 / static_cast<double>(size);
+void ReadThread::countUnsupported_(const std::string& keyword) {
+  const std::string kept = keyword.size() > MAX_REPORTED_KEYWORD_LENGTH
+                               ? keyword.substr(0, MAX_REPORTED_KEYWORD_LENGTH) + "..."
+                               : keyword;
+  auto found = unsupported.find(kept);
+  if (found != unsupported.end()) {
+    ++found->second;
+  } else if (unsupported.size() < MAX_UNSUPPORTED_KEYWORDS) {
+    unsupported.emplace(kept, 1);
+  } else {
+    ++unsupportedBeyond;
   }
+}
 
-  std::string line;
-  // A failed read ends the input; a last line without a line feed still counts.
-  while (std::getline(in, line)) {
+void ReadThread::readLines_() {
+  AsiLineReader& in = *reader;
+  const double factor = in.size() > 0 ? 100.0 / static_cast<double>(in.size()) : 0.0;
+
+  while (true) {
+    const AsiLineReader::Status status = in.next();
+    if (status == AsiLineReader::END) break;
+    if (status == AsiLineReader::FAILED) return fail_("the file could not be read any further", lineNumber + 1);
     if (stop) return;
-    consumed += static_cast<double>(line.size()) + 1.0;
-    stripLineEnd(line);
     ++lineNumber;
 
     if (held_ == nullptr) {
@@ -96,22 +148,38 @@ void ReadThread::readLines_() {
       return;
     }
     held_->releaseParser();
-    tokenizeAsiLine(line, held_->tokens);
-    held_->percent = factor * consumed;
+    held_->percent = factor * static_cast<double>(in.consumed());
+
+    if (status == AsiLineReader::TOO_LONG) {
+      // Only the line's start was kept; its keyword names it in the report.
+      tokenizeAsiLine(in.line(), held_->tokens);
+      const std::string keyword = held_->tokens.empty() ? std::string() : held_->tokens[0];
+      held_->releaseTokens();
+      held_->parser = new LineTooLong(lineNumber, keyword);
+      if (!pushHeld_()) return;
+      continue;
+    }
+
+    tokenizeAsiLine(in.line(), held_->tokens);
     if (held_->tokens.empty()) continue;  // blank and comment lines use no item
 
     CommandParser* command = parser->getCommand(held_->tokens);
     if (command == nullptr) {
-      ++unsupported[held_->tokens[0]];
+      countUnsupported_(held_->tokens[0]);
       continue;
     }
     held_->parser = command->clone();
     if (held_->parser == nullptr) continue;  // a prototype that cannot be cloned runs nothing
     held_->parser->setLineNumber(lineNumber);
-    fullQueue->push(held_);
-    held_ = nullptr;
+    held_->weight = tokenBytes(held_->tokens);
+    if (!pushHeld_()) return;
   }
-  if (!stop) sendEndOfFile_();
+  if (stop) return;
+  // A file that ends before the size it had at the start has been cut short
+  // under the reader: what was read is not the whole file.
+  if (in.size() >= 0 && in.consumed() < static_cast<std::uint64_t>(in.size()))
+    return fail_("the file became shorter while it was read", lineNumber + 1);
+  sendEndOfFile_();
 }
 
 void ReadThread::getUnsupportedCommands(MessageManager& messages) const {
@@ -124,6 +192,12 @@ void ReadThread::getUnsupportedCommands(MessageManager& messages) const {
     messages.addMessage(PICommon::PI_NOTIFY_INFO,
                         "Command \"" + entry.first + "\" appeared " +
                             std::to_string(entry.second) + " times",
+                        0);
+  }
+  if (unsupportedBeyond > 0) {
+    messages.addMessage(PICommon::PI_NOTIFY_INFO,
+                        "Commands with further unsupported keywords appeared " +
+                            std::to_string(unsupportedBeyond) + " times",
                         0);
   }
 }

@@ -4,6 +4,7 @@
 // unpacking. The temporary files live until the next unpacking, clear() or
 // destruction.
 
+#include <cstdint>
 #include <set>
 #include <string>
 #include <vector>
@@ -17,6 +18,11 @@ namespace PUUnzip {
 
 class Unzip {
  public:
+  // The settings-store value that caps what one archive may unpack, in
+  // megabytes (2^20 bytes), and its default.
+  static const char* const MAX_UNZIPPED_MEGABYTES;
+  static constexpr std::uint64_t DEFAULT_MAX_UNZIPPED_MEGABYTES = 2048;
+
   Unzip();
   virtual ~Unzip();
   Unzip(const Unzip&) = delete;
@@ -27,12 +33,18 @@ class Unzip {
   // extension; 1: they have more than one. names gets the matches in archive order.
   int getSupportedFile(const std::string& path, const std::set<std::string>& extensions,
                        std::vector<std::string>& names);
-  // Lists and unpacks. 0 on success (names are then full paths), 1 when the
-  // user canceled, negative on failure.
+  // Lists and unpacks the members with one of the extensions, no more than
+  // maxUnpackedBytes() in all. 0 on success (names are then full paths), 1
+  // when the user canceled, negative on failure, told in one message.
   int unzipFile(const std::string& path, const std::set<std::string>& extensions,
                 std::vector<std::string>& names);
 
   const std::string& lastZipFilename() const { return lastZipFilename_; }
+  // True if `path` is the archive last unpacked and has not changed on disk
+  // since (same file, size and times), so that its members can be read again.
+  bool isCurrent(const std::string& path) const;
+  // The cap on one archive's unpacked members, from the settings store.
+  static std::uint64_t maxUnpackedBytes();
   const std::vector<std::string>& lastFilenames() const { return lastFilenames_; }
 
   // Forgets the remembered archive and removes its temporary files.
@@ -45,6 +57,7 @@ class Unzip {
   UTILS::Unzipper* unzipper_ = nullptr;
   std::string lastZipFilename_;
   std::vector<std::string> lastFilenames_;
+  std::string lastSignature_;
 };
 
 }  // namespace PUUnzip

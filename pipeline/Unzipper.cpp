@@ -2,9 +2,15 @@
 
 #include <minizip/unzip.h>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
+#include <set>
 #include <system_error>
+
+#include "core/Failure.h"
+#include "core/FileUtils.h"
 
 namespace fs = std::filesystem;
 
@@ -81,6 +87,8 @@ Unzipper::Unzipper(FUTempFileManager* manager, const std::string& outputDir, int
 
 bool Unzipper::getFileNames(const std::string& zipPath, std::vector<std::string>& names) const {
   names.clear();
+  // A named pipe would block in open, a device never end.
+  if (!fileIsFile(zipPath)) return false;
   ArchiveCloser archive{unzOpen64(zipPath.c_str())};
   if (!archive.file) return false;
   int rc = unzGoToFirstFile(archive.file);
@@ -100,49 +108,84 @@ bool Unzipper::getFileNames(const std::string& zipPath, std::vector<std::string>
   return true;
 }
 
-int Unzipper::unzipAll(const std::string& zipPath, const std::atomic<bool>* cancel) {
+int Unzipper::fail_(int result, const std::string& error) {
+  error_ = error;
+  return result;
+}
+
+int Unzipper::unzip(const std::string& zipPath, const std::vector<std::string>& members, std::uint64_t maxBytes,
+                    const std::atomic<bool>* cancel) {
+  error_.clear();
   std::vector<std::string> names;
-  if (!getFileNames(zipPath, names)) return -1;
-  std::error_code ec;
-  fs::create_directories(outputDir_, ec);
-  if (ec) return -2;
-  if (manager_) manager_->add(outputDir_, duration_);
+  if (!getFileNames(zipPath, names)) return fail_(NOT_VALID, "the archive cannot be read");
+  const std::set<std::string> wanted(members.begin(), members.end());
 
   ArchiveCloser archive{unzOpen64(zipPath.c_str())};
-  if (!archive.file) return -1;
-  std::vector<char> buffer(1 << 16);
+  if (!archive.file) return fail_(NOT_VALID, "the archive cannot be read");
+
+  // What the archive says its wanted members hold, before anything is written.
+  std::uint64_t declared = 0;
   for (int rc = unzGoToFirstFile(archive.file); rc == UNZ_OK; rc = unzGoToNextFile(archive.file)) {
-    if (cancel && cancel->load()) return 1;
-    std::string name = currentName(archive.file);
-    if (isDirectoryEntry(name)) continue;
-    fs::path target = fs::path(outputDir_) / name;
+    unz_file_info64 info;
+    if (unzGetCurrentFileInfo64(archive.file, &info, nullptr, 0, nullptr, 0, nullptr, 0) != UNZ_OK)
+      return fail_(NOT_VALID, "the archive cannot be read");
+    if (wanted.count(currentName(archive.file)) != 0) declared += info.uncompressed_size;
+  }
+  if (declared > maxBytes) return fail_(TOO_LARGE, "");
+
+  // Only the last component is made: a temporary folder that does not exist
+  // is not created on the way.
+  std::error_code ec;
+  if (!fs::create_directory(outputDir_, ec) || ec)
+    return fail_(WRITE_FAILED, "creating \"" + outputDir_ + "\" failed: " + (ec ? ec.message() : "it exists"));
+  if (manager_) manager_->add(outputDir_, duration_);
+
+  std::vector<char> buffer(1 << 16);
+  std::uint64_t written = 0;
+  for (int rc = unzGoToFirstFile(archive.file); rc == UNZ_OK; rc = unzGoToNextFile(archive.file)) {
+    if (cancel && cancel->load()) return CANCELED;
+    const std::string name = currentName(archive.file);
+    if (wanted.count(name) == 0) continue;
+    const fs::path target = fs::path(outputDir_) / name;
     fs::create_directories(target.parent_path(), ec);
-    if (ec) return -2;
-    if (unzOpenCurrentFile(archive.file) != UNZ_OK) return -3;
+    if (ec) return fail_(WRITE_FAILED, "writing \"" + name + "\" failed: " + ec.message());
+    if (unzOpenCurrentFile(archive.file) != UNZ_OK) return fail_(NOT_VALID, "\"" + name + "\" is corrupt");
     FILE* out = std::fopen(target.c_str(), "wb");
     if (!out) {
+      const int code = errno;
       unzCloseCurrentFile(archive.file);
-      return -2;
+      return fail_(WRITE_FAILED, "writing \"" + name + "\" failed: " + std::strerror(code));
     }
     int got = 0;
+    int writeError = 0;
+    bool tooLarge = false;
     while ((got = unzReadCurrentFile(archive.file, buffer.data(), static_cast<unsigned>(buffer.size()))) > 0) {
+      written += static_cast<std::uint64_t>(got);
+      // The declared sizes may lie; the bytes themselves count.
+      if (written > maxBytes) {
+        tooLarge = true;
+        break;
+      }
       if (std::fwrite(buffer.data(), 1, static_cast<size_t>(got), out) != static_cast<size_t>(got)) {
-        got = -1;
+        writeError = errno;
         break;
       }
       if (cancel && cancel->load()) break;
     }
-    std::fclose(out);
+    if (std::fclose(out) != 0 && writeError == 0) writeError = errno;
     // unzCloseCurrentFile checks the CRC of a member read to its end.
-    int closeRc = unzCloseCurrentFile(archive.file);
-    if (cancel && cancel->load()) return 1;
-    if (got < 0 || closeRc != UNZ_OK) return -3;
+    const int closeRc = unzCloseCurrentFile(archive.file);
+    if (cancel && cancel->load()) return CANCELED;
+    if (tooLarge) return fail_(TOO_LARGE, "");
+    if (writeError != 0) return fail_(WRITE_FAILED, "writing \"" + name + "\" failed: " + std::strerror(writeError));
+    if (got < 0 || closeRc != UNZ_OK) return fail_(NOT_VALID, "\"" + name + "\" is corrupt");
   }
-  return 0;
+  return UNPACKED;
 }
 
-UnzipperThread::UnzipperThread(Unzipper& unzipper, const std::string& zipPath)
-    : unzipper_(unzipper), zipPath_(zipPath) {}
+UnzipperThread::UnzipperThread(Unzipper& unzipper, const std::string& zipPath,
+                               const std::vector<std::string>& members, std::uint64_t maxBytes)
+    : unzipper_(unzipper), zipPath_(zipPath), members_(members), maxBytes_(maxBytes) {}
 
 UnzipperThread::~UnzipperThread() {
   cancel_ = true;
@@ -154,6 +197,14 @@ int UnzipperThread::cancel() {
   return 0;
 }
 
-void UnzipperThread::run() { result_ = unzipper_.unzipAll(zipPath_, &cancel_); }
+void UnzipperThread::run() {
+  try {
+    result_ = unzipper_.unzip(zipPath_, members_, maxBytes_, &cancel_);
+  } catch (...) {
+    // Nothing may escape a thread; the caller reports the failure.
+    failure_ = orvCore::currentFailure();
+    result_ = Unzipper::FAILED;
+  }
+}
 
 }  // namespace UTILS

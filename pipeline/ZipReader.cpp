@@ -15,8 +15,8 @@ ZipReader::ZipReader(PUUnzip::Unzip& unzip, std::shared_ptr<const FileReader> me
 
 int ZipReader::canReadFile(const std::string& path) const {
   if (orvCore::getExtension(path) != ".zip") return NOT_THIS_FORMAT;
-  std::ifstream in(path, std::ios::binary);
-  if (!in) return NOT_READABLE;
+  std::ifstream in;
+  if (!openRegularFile(path, in)) return NOT_READABLE;
   std::vector<std::string> names;
   // Several extensions still count as readable here: only ".asi" is in the set.
   if (unzip_.getSupportedFile(path, extensions_, names) < 0) return NOT_THIS_FORMAT;
@@ -24,7 +24,8 @@ int ZipReader::canReadFile(const std::string& path) const {
 }
 
 int ZipReader::members_(const std::string& path, std::vector<std::string>& names) const {
-  if (unzip_.lastZipFilename() == path) {
+  // The unpacked members serve again only while the archive is unchanged.
+  if (unzip_.isCurrent(path)) {
     names = unzip_.lastFilenames();
     return 0;
   }

@@ -13,6 +13,7 @@
 #include "hostapi/PIServices.h"
 #include "hostapi/PUOptionsProcessor.h"
 #include "pipeline/ReaderFactory.h"
+#include "plugin/FailureReport.h"
 #include "plugin/FilePatterns.h"
 #include "plugin/NotifyFilterHandler.h"
 
@@ -166,9 +167,18 @@ int FileReadPlugin::openLocation(const std::string& path, int, PIData::PINetwork
   return result;
 }
 
-long FileReadPlugin::onCmdImportFile(void*, void*) { return openFileWithDialog_(false); }
+long FileReadPlugin::onCmdImportFile(void*, void*) { return guardedDialog_(false); }
 
-long FileReadPlugin::onCmdAppendFile(void*, void*) { return openFileWithDialog_(true); }
+long FileReadPlugin::onCmdAppendFile(void*, void*) { return guardedDialog_(true); }
+
+long FileReadPlugin::guardedDialog_(bool append) {
+  try {
+    return openFileWithDialog_(append);
+  } catch (...) {
+    FileReaderPlugin::tellFailure(append ? "Appending files" : "Importing files");
+    return 1;
+  }
+}
 
 int FileReadPlugin::openFileWithDialog_(bool append) {
   const std::string answer =
@@ -211,6 +221,17 @@ void FileReadPlugin::chooseResolver_(bool append, const std::string& scenarioId)
 }
 
 int FileReadPlugin::openFile_(const std::string& path, bool append) {
+  try {
+    return load_(path, append);
+  } catch (...) {
+    // What a reader lets fly (memory running out, above all) fails the load
+    // instead of the host. The notify handler is back in place by now.
+    FileReaderPlugin::tellFailure("Loading", path);
+    return -1;
+  }
+}
+
+int FileReadPlugin::load_(const std::string& path, bool append) {
   NotifyFilterScope filter;
   if (!readerFactory_) return -1;
 
@@ -249,10 +270,15 @@ int FileReadPlugin::AsiExportDelegate::fillOptions(QWidget*, PICommon::FileOptio
 
 int FileReadPlugin::AsiExportDelegate::processFileWithOptions(const std::string& path,
                                                               const PICommon::FileOptions& options) {
-  const bool append = PUOptionsProcessor::getBoolean(options, PICommon::FileImportExportDelegate::APPEND, false);
-  const int result = plugin_->openFile_(path, append);
-  PICommon::NotifySeverity severity;
-  std::string text;
-  if (notificationFor(result, severity, text)) PICommon::notify(text, severity, "");
-  return result;
+  try {
+    const bool append = PUOptionsProcessor::getBoolean(options, PICommon::FileImportExportDelegate::APPEND, false);
+    const int result = plugin_->openFile_(path, append);
+    PICommon::NotifySeverity severity;
+    std::string text;
+    if (notificationFor(result, severity, text)) PICommon::notify(text, severity, "");
+    return result;
+  } catch (...) {
+    FileReaderPlugin::tellFailure("Loading", path);
+    return -1;
+  }
 }

@@ -79,10 +79,14 @@ class FileReadPlugin : public PIApp::PIApplication_v1_24 {
   static std::vector<PICommon::PICallbackFunctor*>& callbackFunctors();
 
  private:
-  // Loads one file; answers the load result (0, 1, 2, -1, -2).
+  // Loads one file; answers the load result (0, 1, 2, -1, -2). Nothing
+  // thrown below it goes further: it is told as a fatal error and gives -1.
   int openFile_(const std::string& path, bool append);
+  int load_(const std::string& path, bool append);
   // The file dialog of the menu commands; always answers 1.
   int openFileWithDialog_(bool append);
+  // openFileWithDialog_ for the menu callbacks, which the host calls directly.
+  long guardedDialog_(bool append);
   // Keeps, replaces or creates resolver_ for a load.
   void chooseResolver_(bool append, const std::string& scenarioId);
   void raiseAppendSignal_();

@@ -6,6 +6,7 @@
 
 #include "hostapi/PIBase.h"
 #include "hostapi/PIGUI.h"
+#include "plugin/FailureReport.h"
 #include "plugin/FileReadPlugin.h"
 
 namespace {
@@ -147,7 +148,13 @@ intptr_t OPI_PluginDispatchFunction(int message, ...) {
   if (found == messageMap.end() || !found->second.forward || !found->second.plugin) return 0;
   va_list args;
   va_start(args, message);
-  const intptr_t answer = found->second.forward(found->second, &args);
+  intptr_t answer = -1;
+  try {
+    answer = found->second.forward(found->second, &args);
+  } catch (...) {
+    // Nothing may travel on into the host.
+    FileReaderPlugin::tellFailure("Plug-in request", static_cast<long>(message));
+  }
   va_end(args);
   return answer;
 }

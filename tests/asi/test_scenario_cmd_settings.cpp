@@ -47,6 +47,16 @@ TEST_F(ReferenceYearTest, YearsBefore1970AndNonNumbersAreRefused) {
   EXPECT_EQ(1970, host_->scenario().settings().referenceYear);
 }
 
+TEST_F(ReferenceYearTest, YearsBeyondTheCalendarAreRefusedNotWrapped) {
+  EXPECT_EQ(2, runFile(header() + "ReferenceYear 4294967295\nReferenceYear 2147483648\nReferenceYear 2201\n" + ship()));
+  EXPECT_THAT(messages_.texts(), ElementsAre("Line 4 ReferenceYear: Year must be 2200 or smaller",
+                                             "Line 5 ReferenceYear: Year must be 2200 or smaller",
+                                             "Line 6 ReferenceYear: Year must be 2200 or smaller"));
+  EXPECT_EQ(1970, host_->scenario().settings().referenceYear);
+  EXPECT_EQ(0, runFile(header() + "ReferenceYear 2200\n" + ship()));
+  EXPECT_EQ(2200, host_->scenario().settings().referenceYear);
+}
+
 TEST_F(ReferenceYearTest, AnAppendedFileKeepsTheHostsYearAndMovesItsTimesIntoIt) {
   PIData::setReferenceYear(2004);
   ASSERT_EQ(0, runFile(header() + "ReferenceYear 2005\nTestID 1 ship\nTestData 1 100\n", true));

@@ -46,6 +46,27 @@ TEST_F(ParkingTest, CommandsForAnUncreatedEntityRunInFileOrderAtCreation) {
   EXPECT_EQ(0, provider->didComplete(messages_));
 }
 
+TEST_F(ParkingTest, TheStoreHoldsABoundedNumberOfWaitingCommands) {
+  const size_t max = AsiInterface::ScenarioProvider::MAX_PARKED_COMMANDS;
+  auto provider = makeProvider(23);
+  declarePlatform(1, "ship");
+  TestPark park(provider);
+  TestData data(provider);
+  for (size_t i = 0; i < 3; ++i) run(park, 2, {"TestPark", "1"});
+  for (size_t i = 3; i < max; ++i) run(park, i + 2, {"TestPark", std::to_string(100 + i % 1000)});
+  EXPECT_THAT(messages_.texts(), IsEmpty());
+  EXPECT_EQ(max, provider->parkedCommands());
+
+  run(park, max + 2, {"TestPark", "7"});
+  EXPECT_THAT(messages_.texts(), ElementsAre("Line 100002 TestPark: More than 100000 commands wait for entities "
+                                             "that do not exist yet; the read stops"));
+  EXPECT_EQ(1, messages_.messages.at(0).severity);
+  EXPECT_EQ(max, provider->parkedCommands());
+  // Commands that ran leave room behind them.
+  run(data, max + 3, {"TestData", "1", "0"});
+  EXPECT_EQ(max - 3, provider->parkedCommands());
+}
+
 TEST_F(ParkingTest, AnErrorInAParkedCommandDropsTheRestOfItsQueue) {
   auto provider = makeProvider();
   declarePlatform(1, "ship");

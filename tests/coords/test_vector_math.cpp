@@ -166,6 +166,23 @@ TEST(Quaternions, NormalisationScalesZeroesSmallPartsAndKeepsZero) {
   EXPECT_DOUBLE_EQ(inPlace[3], 0.8);
 }
 
+TEST(Quaternions, NormalisingWorksForAnyMagnitudeADoubleHolds) {
+  const double unit[4] = {0.5, -0.5, 0.5, 0.5};
+  for (double scale : {1e200, 1e-170, 1e-300, 1.7e308}) {
+    const double q[4] = {unit[0] * scale, unit[1] * scale, unit[2] * scale, unit[3] * scale};
+    double out[4];
+    orvCore::dQNorm(q, out, 1e-9);
+    for (int i = 0; i < 4; ++i) EXPECT_NEAR(out[i], unit[i], 1e-15) << scale;
+    Vec3 euler;
+    orvCore::d3QtoEuler(out, euler);
+    Vec3 expected;
+    orvCore::d3QtoEuler(unit, expected);
+    EXPECT_NEAR(euler.yaw(), expected.yaw(), 1e-12) << scale;
+    EXPECT_NEAR(euler.pitch(), expected.pitch(), 1e-12) << scale;
+    EXPECT_NEAR(euler.roll(), expected.roll(), 1e-12) << scale;
+  }
+}
+
 TEST(Vectors, AnglesBetweenVectors) {
   EXPECT_NEAR(orvCore::v3Angle(Vec3(1, 0, 0), Vec3(0, 5, 0)), M_PI_2, 1e-15);
   EXPECT_NEAR(orvCore::v3Angle(Vec3(1, 1, 0), Vec3(2, 0, 0)), M_PI_4, 1e-15);

@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <fstream>
 #include <memory>
+#include <new>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -63,8 +65,16 @@ struct Journal {
   int transmits = 0;
 };
 
+// The file that "Truncate" cuts short.
+inline std::string& truncateTarget() {
+  static std::string path;
+  return path;
+}
+
 // A command that reports by its keyword: "Err [n]" n errors (default 1),
-// "Warn" a warning, "Fatal" a fatal message, "Slow <ms>" sleeps; anything
+// "Warn" a warning, "Fatal" a fatal message, "Slow <ms>" sleeps, "Throw
+// alloc|length" throws what running out of memory or a too long string
+// throws, "Truncate <bytes>" cuts truncateTarget() to that size; anything
 // else does nothing. Live copies are counted to check the pool's bound.
 class ScriptedCommand : public CommandParser {
  public:
@@ -101,6 +111,11 @@ class ScriptedCommand : public CommandParser {
     if (name_ == "Slow" && tokens.size() > 1) usleep(1000 * std::stoi(tokens[1]));
     if (name_ == "Warn") setMessage(PICommon::PI_NOTIFY_WARN, "odd");
     if (name_ == "Fatal") setMessage(PICommon::PI_NOTIFY_FATAL, "broken");
+    if (name_ == "Throw" && tokens.size() > 1 && tokens[1] == "alloc") throw std::bad_alloc();
+    if (name_ == "Throw" && tokens.size() > 1 && tokens[1] == "length") throw std::length_error("basic_string");
+    if (name_ == "Truncate" && tokens.size() > 1) {
+      if (::truncate(truncateTarget().c_str(), std::stol(tokens[1])) != 0) std::abort();
+    }
   }
   void transmit() override { ++journal_->transmits; }
   bool hasError() override { return error_; }
@@ -134,7 +149,8 @@ class ScriptedCommand : public CommandParser {
 };
 
 // The keyword table with stand-by commands for the 120 known keywords, plus
-// scripted commands "Cmd", "Err", "Warn", "Fatal" and "Slow".
+// the scripted commands above. Looking up "Boom" throws, as the read
+// thread's work does when memory runs out.
 class TestParser : public FileReaderPlugin::AsiParserAdapter {
  public:
   Journal journal;
@@ -146,10 +162,11 @@ class TestParser : public FileReaderPlugin::AsiParserAdapter {
   void populateCommands(int version) override {
     populatedWith.push_back(version);
     initializeNullCommands_(version);
-    for (const char* name : {"Cmd", "Err", "Warn", "Fatal", "Slow"})
+    for (const char* name : {"Cmd", "Err", "Warn", "Fatal", "Slow", "Throw", "Truncate"})
       replaceCommand_(new ScriptedCommand(name, &journal));
   }
   CommandParser* getCommand(const std::vector<std::string>& tokens) override {
+    if (!tokens.empty() && tokens[0] == "Boom") throw std::bad_alloc();
     return tokens.empty() ? nullptr : findCommand_(tokens[0]);
   }
   int didComplete(MessageManager&) override {

@@ -115,6 +115,55 @@ TEST(EngineResult, AFileThatCannotBeOpenedIsMinusOne) {
   EXPECT_TRUE(parser.populatedWith.empty());
 }
 
+// What the standard library throws inside a read never leaves the engine:
+// it ends the read as a fatal error that names where it happened.
+TEST(EngineFailures, ACommandThatRunsOutOfMemoryFailsTheReadAtItsLine) {
+  EngineRun run("Version 3\nCmd a\nThrow alloc\nCmd b\n");
+  EXPECT_EQ(run.result, -1);
+  EXPECT_EQ(run.parser.journal.executed, (std::vector<std::string>{"2:Cmd a", "3:Throw alloc"}));
+  EXPECT_EQ(run.parser.completions, 0);
+  ASSERT_EQ(run.messages.written.size(), 1u);
+  EXPECT_EQ(run.messages.written[0].text, "Line 3 Throw: out of memory; the read stops");
+  EXPECT_EQ(run.messages.written[0].severity, 1);
+  EXPECT_EQ(run.messages.written[0].line, 3u);
+}
+
+TEST(EngineFailures, ALengthErrorIsFatalToo) {
+  EngineRun run("Version 3\n" + repeat("Cmd\n", 15000) + "Throw length\n" + repeat("Cmd\n", 15000));
+  EXPECT_EQ(run.result, -1);
+  EXPECT_EQ(run.parser.journal.executed.size(), 15001u);
+  EXPECT_TRUE(run.messages.wrote("Line 15002 Throw: a value is too long to hold; the read stops"));
+}
+
+TEST(EngineFailures, AReadThreadThatBreaksDownIsAFatalErrorNotTheEnd) {
+  EngineRun run("Version 3\nCmd a\n# c\nBoom\nCmd b\n");
+  EXPECT_EQ(run.result, -1);
+  EXPECT_EQ(run.parser.journal.executed, std::vector<std::string>{"2:Cmd a"});
+  EXPECT_EQ(run.parser.completions, 0);
+  ASSERT_EQ(run.messages.written.size(), 1u);
+  EXPECT_EQ(run.messages.written[0].text, "Read failed at line 4: out of memory; the rest of the file is not loaded");
+  EXPECT_EQ(run.messages.written[0].severity, 1);
+}
+
+TEST(EngineFailures, AFileCutShortWhileItIsReadIsNotLoadedAsComplete) {
+  // The read thread cannot be more than the pool's 10000 lines ahead when the
+  // first command cuts the file to 80000 bytes, far behind that.
+  const std::string content = "Version 3\nTruncate 80000\n" + repeat("Cmd\n", 40000);
+  TempFile file(content);
+  spinetest::truncateTarget() = file.path();
+  TestParser parser;
+  CapturingMessages messages;
+  NullFileReaderProgress progress;
+  EXPECT_EQ(FileReaderEngine(parser).execute(file.path(), messages, progress), -1);
+  EXPECT_EQ(parser.completions, 0);
+  ASSERT_FALSE(messages.written.empty());
+  const std::string& text = messages.written.back().text;
+  EXPECT_EQ(text.rfind("Read failed at line ", 0), 0u) << text;
+  EXPECT_NE(text.find(": the file became shorter while it was read; the rest of the file is not loaded"),
+            std::string::npos)
+      << text;
+}
+
 TEST(EngineVersion, OnlyAVersionLineReadsCleanly) {
   EngineRun run("Version 24");
   EXPECT_EQ(run.result, 0);
@@ -221,8 +270,8 @@ TEST(EnginePool, TheReadThreadStaysWithinTheItemPool) {
     EXPECT_EQ(run.result, 0);
     EXPECT_EQ(run.parser.journal.executed.size(), 25001u);
   }
-  // The table's five prototypes plus one clone per item at most.
-  const long clones = spinetest::ScriptedCommand::peak() - before - 5;
+  // The table's seven prototypes plus one clone per item at most.
+  const long clones = spinetest::ScriptedCommand::peak() - before - 7;
   EXPECT_LE(clones, static_cast<long>(FileReaderEngine::POOL_SIZE));
   EXPECT_GT(clones, 1000);
   // Every clone is freed by the end of the read.

@@ -8,6 +8,7 @@
 
 #include "SpineTestSupport.h"
 #include "pipeline/FileReaderEngine.h"
+#include "pipeline/ReadLimits.h"
 
 using FileReaderPlugin::FileReaderEngine;
 using spinetest::CapturingMessages;
@@ -26,6 +27,12 @@ struct Read {
   explicit Read(const std::string& content) {
     TempFile file(content);
     result = FileReaderEngine(parser).execute(file.path(), messages, progress);
+  }
+
+  static std::string repeat(const std::string& line, int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += line;
+    return text;
   }
 
   std::vector<std::string> texts() const {
@@ -129,17 +136,72 @@ TEST(BadInput, GarbageBehindTheVersionLineIsReportedAsUnsupported) {
   EXPECT_LE(read.messages.written.size(), 501u);
 }
 
-TEST(BadInput, ATenMegabyteLineIsReadAsOneToken) {
+// Whatever a line holds, no line costs more than the longest line allowed.
+TEST(LongLines, ALineBeyondTheMaximumIsAnErrorAndTheReadGoesOn) {
   const std::string huge(10 * 1024 * 1024, 'x');
-  Read read("Version 3\nCmd a\n" + huge + "\nCmd b\n");
-  EXPECT_EQ(read.result, 0);
+  Read read("Version 3\nCmd a\nCmd " + huge + "\nCmd b\n");
+  EXPECT_EQ(read.result, 2);
   EXPECT_EQ(read.parser.journal.executed, (std::vector<std::string>{"2:Cmd a", "4:Cmd b"}));
-  ASSERT_EQ(read.messages.written.size(), 2u);
-  EXPECT_EQ(read.messages.written[1].text, "Command \"" + huge + "\" appeared 1 times");
+  EXPECT_EQ(read.texts(),
+            (std::vector<std::string>{"Line 3 Cmd: the line is longer than 1048576 characters and is skipped"}));
+  EXPECT_EQ(read.messages.written[0].severity, 2);
+  EXPECT_EQ(read.messages.written[0].line, 3u);
 }
 
-TEST(BadInput, ATenMegabyteQuotedArgumentReachesTheCommand) {
-  const std::string huge(10 * 1024 * 1024, 'y');
+TEST(LongLines, TheMaximumItselfIsAllowedAndEveryByteBeforeTheLineFeedCounts) {
+  const std::size_t max = FileReaderPlugin::MAX_LINE_LENGTH;
+  const std::string exact = "Cmd " + std::string(max - 4, 'y');
+  Read read("Version 3\n" + exact + "\n" + exact + "z\nCmd " + std::string(max, ' ') + "\n" + exact);
+  EXPECT_EQ(read.result, 2);
+  ASSERT_EQ(read.parser.journal.executed.size(), 2u);
+  EXPECT_EQ(read.parser.journal.executed[0].size(), 2 + max);  // "2:" and the line
+  EXPECT_EQ(read.texts(),
+            (std::vector<std::string>{"Line 3 Cmd: the line is longer than 1048576 characters and is skipped",
+                                      "Line 4 Cmd: the line is longer than 1048576 characters and is skipped"}));
+  EXPECT_EQ(read.parser.journal.executed[1].substr(0, 6), "5:Cmd ");
+}
+
+TEST(LongLines, AnOverlongLineBeforeTheVersionIsSkippedWithItsError) {
+  Read read("# " + std::string(2 * 1024 * 1024, 'c') + "\nVersion 3\nCmd\n");
+  EXPECT_EQ(read.result, 2);
+  EXPECT_EQ(read.parser.populatedWith, std::vector<int>{3});
+  EXPECT_EQ(read.texts(),
+            (std::vector<std::string>{"Line 1: the line is longer than 1048576 characters and is skipped"}));
+}
+
+TEST(LongLines, ManyHugeLinesOfTinyTokensStillRead) {
+  // Each line holds half a million tokens; together they would hold far more
+  // than the queue may, so the read thread waits for the calling thread.
+  std::string line = "Cmd";
+  while (line.size() + 2 <= FileReaderPlugin::MAX_LINE_LENGTH) line += " a";
+  Read read("Version 3\n" + Read::repeat(line + "\n", 12) + "Cmd end\n");
+  EXPECT_EQ(read.result, 0);
+  ASSERT_EQ(read.parser.journal.executed.size(), 13u);
+  EXPECT_EQ(read.parser.journal.executed.back(), "14:Cmd end");
+}
+
+TEST(UnknownKeywords, TheReportKeepsAHundredKeywordsAndCountsTheRest) {
+  std::string content = "Version 3\n";
+  for (int i = 0; i < 150; ++i) content += "kw" + std::to_string(1000 + i) + "\nkw" + std::to_string(1000 + i) + "\n";
+  content += std::string(200, 'L') + "\n";
+  Read read(content);
+  EXPECT_EQ(read.result, 0);
+  const std::vector<std::string> texts = read.texts();
+  ASSERT_EQ(texts.size(), 102u);
+  EXPECT_EQ(texts[0], "The following 100 commands are unsupported:");
+  EXPECT_EQ(texts[1], "Command \"kw1000\" appeared 2 times");
+  EXPECT_EQ(texts[100], "Command \"kw1099\" appeared 2 times");
+  EXPECT_EQ(texts[101], "Commands with further unsupported keywords appeared 101 times");
+}
+
+TEST(UnknownKeywords, AVeryLongKeywordIsReportedByItsStart) {
+  Read read("Version 3\n" + std::string(5000, 'K') + "\n" + std::string(4000, 'k') + "\n");
+  EXPECT_EQ(read.texts(), (std::vector<std::string>{"The following 1 commands are unsupported:",
+                                                    "Command \"" + std::string(64, 'K') + "...\" appeared 2 times"}));
+}
+
+TEST(BadInput, ALongQuotedArgumentWithinTheMaximumReachesTheCommand) {
+  const std::string huge(1000 * 1000, 'y');
   Read read("Version 3\nCmd '" + huge + "' # tail\n");
   EXPECT_EQ(read.result, 0);
   ASSERT_EQ(read.parser.journal.executed.size(), 1u);

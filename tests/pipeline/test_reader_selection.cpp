@@ -9,8 +9,14 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <future>
 #include <fstream>
 #include <memory>
 #include <string>
@@ -250,6 +256,39 @@ TEST_F(ReaderSelectionTest, LegacyFormatsAreSelectedButNotYetReadable) {
   size_t before = errorCount();
   EXPECT_EQ(reader->read((work_ / "src/track.gpx").string()), -1);
   EXPECT_EQ(errorCount(), before + 1);
+}
+
+// Runs `check`; if it has not answered within ten seconds it is stuck
+// opening the named pipe `fifo`, so a writer is connected to free it and the
+// test fails rather than hangs.
+template <typename Check>
+auto withoutBlocking(const std::string& fifo, Check check) {
+  auto answer = std::async(std::launch::async, check);
+  if (answer.wait_for(std::chrono::seconds(10)) == std::future_status::timeout) {
+    ADD_FAILURE() << "blocked opening the named pipe " << fifo;
+    const int writer = ::open(fifo.c_str(), O_WRONLY | O_NONBLOCK);
+    auto result = answer.get();
+    if (writer >= 0) ::close(writer);
+    return result;
+  }
+  return answer.get();
+}
+
+TEST_F(ReaderSelectionTest, NamedPipesAndFoldersAreNotReadableAndNeverOpened) {
+  for (const char* name : {"p.asi", "p.zip", "p.csv"}) {
+    const std::string path = (work_ / name).string();
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    const bool chosen = withoutBlocking(path, [&] { return factory_->createReader(path) != nullptr; });
+    EXPECT_FALSE(chosen) << name;
+    EXPECT_EQ(lastError(), "File \"" + path + "\" not found or not readable.\n");
+    std::string id = "stale";
+    EXPECT_EQ(withoutBlocking(path, [&] { return FileReader::readAsiScenarioIdentifier(path, id); }), -1);
+  }
+  fs::create_directories(work_ / "folder.asi");
+  EXPECT_EQ(FileReader::canReadAsiFile((work_ / "folder.asi").string()), FileReader::NOT_READABLE);
+  // A link to a regular file is that file.
+  fs::create_symlink(file("real.asi", "Version 3\n"), work_ / "link.asi");
+  EXPECT_TRUE(factory_->createReader((work_ / "link.asi").string()));
 }
 
 }  // namespace

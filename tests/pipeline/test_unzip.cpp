@@ -3,10 +3,16 @@
 #include "pipeline/Unzip.h"
 
 #include "host/ReferenceHost.h"
+#include "hostapi/PIGUI.h"
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
+#include <csignal>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -217,6 +223,98 @@ TEST_F(UnzipTest, CancelDuringUnpackingKeepsThePreviousArchive) {
   EXPECT_EQ(readFile(unzip.lastFilenames()[0]), "A");
   unzip.clear();
   EXPECT_TRUE(tmpIsEmpty());
+}
+
+// Archives as an attacker or a careless user makes them: the disk only gets
+// what a reader will take, up to a cap, and failures say what failed.
+TEST_F(UnzipTest, OnlyTheMembersAReaderTakesAreUnpacked) {
+  startHost();
+  std::string zip = zipWithPython("mixed.zip", {{"a.asi", "Version 24\n"},
+                                                {"junk/big.bin", std::string(3 << 20, 'j')},
+                                                {"notes.txt", "n"}});
+  PUUnzip::Unzip unzip;
+  std::vector<std::string> names;
+  ASSERT_EQ(unzip.unzipFile(zip, kAsi, names), 0);
+  ASSERT_EQ(names.size(), 1u);
+  std::vector<std::string> unpacked;
+  for (const auto& entry : fs::recursive_directory_iterator(work_ / "tmp"))
+    if (entry.is_regular_file()) unpacked.push_back(entry.path().filename().string());
+  EXPECT_EQ(unpacked, std::vector<std::string>{"a.asi"});
+}
+
+TEST_F(UnzipTest, WhatAnArchiveUnpacksIsCappedByTheSetting) {
+  startHost();
+  std::string zip = zipWithPython("big.zip", {{"a.asi", std::string(3 << 20, 'a')}});
+  PUUnzip::Unzip unzip;
+  std::vector<std::string> names;
+
+  PIGUI::PIRegistry::setValue(PUUnzip::Unzip::MAX_UNZIPPED_MEGABYTES, "2");
+  EXPECT_LT(unzip.unzipFile(zip, kAsi, names), 0);
+  EXPECT_TRUE(names.empty());
+  ASSERT_FALSE(errorTexts().empty());
+  EXPECT_EQ(errorTexts().back(),
+            "Zip file \"" + zip + "\" unpacks to more than 2 MB, the limit set by \"Maximum Unzipped Megabytes\"\n");
+  EXPECT_TRUE(tmpIsEmpty());
+
+  PIGUI::PIRegistry::setValue(PUUnzip::Unzip::MAX_UNZIPPED_MEGABYTES, "4");
+  EXPECT_EQ(unzip.unzipFile(zip, kAsi, names), 0);
+  // Without a usable value the default holds.
+  PIGUI::PIRegistry::setValue(PUUnzip::Unzip::MAX_UNZIPPED_MEGABYTES, "lots");
+  EXPECT_EQ(PUUnzip::Unzip::maxUnpackedBytes(), PUUnzip::Unzip::DEFAULT_MAX_UNZIPPED_MEGABYTES << 20);
+}
+
+TEST_F(UnzipTest, AFailedWriteIsToldAsAWriteFailure) {
+  startHost();
+  std::string zip = zipWithPython("two.zip", {{"a.asi", std::string(2 << 20, 'a')}});
+  // Files may grow to 1 MB only, as on a disk that is full at that point.
+  struct rlimit old;
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &old), 0);
+  const auto oldSignal = std::signal(SIGXFSZ, SIG_IGN);
+  struct rlimit small = old;
+  small.rlim_cur = 1 << 20;
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+  PUUnzip::Unzip unzip;
+  std::vector<std::string> names;
+  const int result = unzip.unzipFile(zip, kAsi, names);
+  ::setrlimit(RLIMIT_FSIZE, &old);
+  std::signal(SIGXFSZ, oldSignal);
+
+  EXPECT_LT(result, 0);
+  ASSERT_FALSE(errorTexts().empty());
+  EXPECT_EQ(errorTexts().back(), "Zip file \"" + zip + "\" could not be unpacked: writing \"a.asi\" failed: " +
+                                     std::strerror(EFBIG) + "\n");
+  EXPECT_TRUE(tmpIsEmpty());
+}
+
+TEST_F(UnzipTest, AnArchiveChangedOnDiskIsNoLongerTheOneUnpacked) {
+  startHost();
+  std::string zip = zipWithPython("feed.zip", {{"a.asi", "Version 24\n"}});
+  PUUnzip::Unzip unzip;
+  std::vector<std::string> names;
+  ASSERT_EQ(unzip.unzipFile(zip, kAsi, names), 0);
+  EXPECT_TRUE(unzip.isCurrent(zip));
+  EXPECT_FALSE(unzip.isCurrent(zip + ".other"));
+  zipWithPython("feed.zip", {{"b.asi", "Version 23\n"}});
+  EXPECT_FALSE(unzip.isCurrent(zip));
+  ASSERT_EQ(unzip.unzipFile(zip, kAsi, names), 0);
+  EXPECT_EQ(readFile(names.at(0)), "Version 23\n");
+  unzip.clear();
+  EXPECT_FALSE(unzip.isCurrent(zip));
+}
+
+TEST_F(UnzipTest, AMissingTemporaryFolderIsNeitherCreatedNorUsed) {
+  startHost();
+  std::string zip = zipWithPython("a.zip", {{"a.asi", "Version 24\n"}});
+  setenv("TMPDIR", (work_ / "missing" / "tmp").c_str(), 1);
+  PUUnzip::Unzip unzip;
+  std::vector<std::string> names;
+  ASSERT_EQ(unzip.unzipFile(zip, kAsi, names), 0);
+  EXPECT_FALSE(fs::exists(work_ / "missing"));
+  ASSERT_EQ(names.size(), 1u);
+  EXPECT_EQ(names[0].rfind(std::string(P_tmpdir) + "/", 0), 0u) << names[0];
+  EXPECT_EQ(readFile(names[0]), "Version 24\n");
+  unzip.clear();
+  EXPECT_FALSE(fs::exists(fs::path(names[0]).parent_path()));
 }
 
 }  // namespace

@@ -65,6 +65,16 @@ TEST_F(EntryPointTest, MessageMapReachesThePlugin) {
   EXPECT_EQ(OPI_PluginDispatchFunction(-1), 0);
 }
 
+TEST_F(EntryPointTest, WhatAHostCallThrowsIsToldAndAnswersMinusOne) {
+  RefHost::HostConfig config;
+  config.outOfMemory = {"registerFileHandler"};
+  RefHost::ReferenceHost& h = start(config);
+  ASSERT_EQ(OPI_InitializeFunctionMap(&h, &h), 0);
+  char* argv[] = {const_cast<char*>("host")};
+  EXPECT_EQ(OPI_PluginDispatchFunction(OPI_START_UP, 1, argv), -1);
+  EXPECT_TRUE(notified("Plug-in request 0 failed: out of memory\n"));
+}
+
 TEST_F(EntryPointTest, StartUpOpenLocationAndCleanUp) {
   RefHost::ReferenceHost& h = start();
   OPI_InitializeFunctionMap(&h, &h);

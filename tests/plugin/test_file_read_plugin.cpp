@@ -190,6 +190,29 @@ TEST_F(FileReadPluginTest, AdvancedOpenTellsTheOutcome) {
   EXPECT_EQ(last.prefix, "");
 }
 
+// A host whose memory runs out throws from its requests; nothing of that may
+// travel back into it: the load fails and says where.
+TEST_F(FileReadPluginTest, AHostOutOfMemoryDuringTheReadGetsAFailedLoad) {
+  RefHost::HostConfig config;
+  config.outOfMemory = {"addDataPoint"};
+  startPlugin(config);
+  EXPECT_EQ(open(data("e2e_ship.asi"), false), -1);
+  // The first point goes with the platform's creation, the second is added.
+  EXPECT_TRUE(notified("Line 11 PlatformData: out of memory; the read stops\n"));
+  EXPECT_EQ(host->notifications().back().text, "Failed to load file due to errors.  Check console for messages.\n");
+}
+
+TEST_F(FileReadPluginTest, AHostOutOfMemoryAroundTheReadGetsAFailedLoad) {
+  RefHost::HostConfig config;
+  config.outOfMemory = {"clockSetTime"};
+  startPlugin(config);
+  const std::string path = data("e2e_ship.asi");
+  EXPECT_EQ(plugin->openLocation(path, 0, PIData::PI_PROTOCOL_NONE), -1);
+  EXPECT_TRUE(notified("Loading \"" + path + "\" failed: out of memory\n"));
+  ASSERT_EQ(host->messageBoxes().size(), 1u);
+  EXPECT_EQ(host->messageBoxes()[0].first, "File Import Error");
+}
+
 TEST_F(FileReadPluginTest, CanceledReadIsAWarningAndABox) {
   RefHost::HostConfig config;
   config.cancelAfter = 1;
