@@ -22,6 +22,12 @@ std::string trimmed(const std::string& text) {
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
+// True if the line, past its leading blanks, begins with `prefix`.
+bool beginsWith(const std::string& line, const char* prefix) {
+  const size_t first = line.find_first_not_of(" \t");
+  return first != std::string::npos && line.compare(first, std::strlen(prefix), prefix) == 0;
+}
+
 // The set name of a line: the text before its first "/".
 std::string nameOf(const std::string& line) { return line.substr(0, line.find('/')); }
 
@@ -238,16 +244,16 @@ int ParseOTHFile(const std::string& fileName, std::vector<OTHMessage>& messages,
   unsigned long lineNumber = 0;
   while (std::getline(in, line)) {
     ++lineNumber;
-    const std::string text = trimmed(line);
-    if (startsWith(text, "MSGID")) {
+    if (beginsWith(line, "MSGID")) {
       reportStray();
       if (groupStart != 0) finish(false);
       groupStart = lineNumber;
     }
     if (groupStart != 0) {
-      group.push_back(line);
-      if (startsWith(text, "ENDAT")) finish(true);
-    } else if (!text.empty()) {
+      const bool end = beginsWith(line, "ENDAT");
+      group.push_back(std::move(line));
+      if (end) finish(true);
+    } else if (line.find_first_not_of(" \t\r\n\f\v") != std::string::npos) {
       if (strayStart == 0) strayStart = lineNumber;
       strayEnd = lineNumber;
     }

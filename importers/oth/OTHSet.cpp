@@ -42,10 +42,15 @@ OTHSet::OTHSet(const char* name, size_t fieldCount, std::initializer_list<std::p
 OTHSet::~OTHSet() = default;
 
 std::pair<size_t, size_t> OTHSet::span_(size_t index) const {
-  size_t start = 0;
-  for (size_t i = 0; i < index; ++i) start = fields_.find('/', start) + 1;
-  const size_t end = fields_.find('/', start);
-  return {start, end == std::string::npos ? fields_.size() : end};
+  // A plain scan: fields are a few characters long, too short for find() to pay.
+  const char* const begin = fields_.data();
+  const char* const end = begin + fields_.size();
+  const char* start = begin;
+  for (size_t i = 0; i < index && start < end; ++start)
+    if (*start == '/') ++i;
+  const char* stop = start;
+  while (stop < end && *stop != '/') ++stop;
+  return {static_cast<size_t>(start - begin), static_cast<size_t>(stop - begin)};
 }
 
 std::string OTHSet::field(size_t index) const {
