@@ -1,6 +1,7 @@
 // The mapping file wamModel.map: where it is found, its keys and icons, and
 // what a faulty line tells.
 
+#include <filesystem>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -50,6 +51,7 @@ TEST(WamMapping, FoundThroughTheEnvironmentInOrder) {
   const std::string base = testing::TempDir() + "wam_mapping_env";
   const std::string user = base + "/user";
   const std::string home = base + "/home";
+  std::filesystem::remove_all(base);  // a file left by an earlier run would be found first
   ASSERT_EQ(UTILS::makePath(user), 0);
   ASSERT_EQ(UTILS::makePath(home + "/config/ORVIDE"), 0);
   std::ofstream(home + "/config/ORVIDE/wamModel.map") << "TRACK home.png\n";
