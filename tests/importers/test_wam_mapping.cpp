@@ -1,10 +1,10 @@
 // The mapping file wamModel.map: where it is found, its keys and icons, and
 // what a faulty line tells.
 
-#include <filesystem>
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
