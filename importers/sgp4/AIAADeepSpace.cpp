@@ -392,6 +392,7 @@ void dsinit(const DsCommon& c, double t, double tc, double xpidot, double& em, d
   r.xli = r.xlamo;
   r.xni = r.no_unkozai;
   r.atime = 0.0;
+  r.dotsValid = false;
   nm = r.no_unkozai + dndt;
 }
 
@@ -416,46 +417,52 @@ void dspace(double t, double tc, ElsetRec& r, double& em, double& argpm, double&
   // closer to the epoch than the last integrated step; otherwise it goes on
   // from where the previous call left it.
   if (r.atime == 0.0 || t * r.atime <= 0.0 || std::fabs(t) < std::fabs(r.atime)) {
+    if (r.atime != 0.0 || r.xni != r.no_unkozai || r.xli != r.xlamo) r.dotsValid = false;
     r.atime = 0.0;
     r.xni = r.no_unkozai;
     r.xli = r.xlamo;
   }
   const double delt = t > 0.0 ? stepp : stepn;
 
-  double ft = 0.0, xndt = 0.0, xldot = 0.0, xnddt = 0.0;
+  double ft = 0.0;
   for (;;) {
-    if (r.irez != 2) {
-      xndt = r.del1 * std::sin(r.xli - fasx2) + r.del2 * std::sin(2.0 * (r.xli - fasx4)) +
-             r.del3 * std::sin(3.0 * (r.xli - fasx6));
-      xldot = r.xni + r.xfact;
-      xnddt = r.del1 * std::cos(r.xli - fasx2) + 2.0 * r.del2 * std::cos(2.0 * (r.xli - fasx4)) +
-              3.0 * r.del3 * std::cos(3.0 * (r.xli - fasx6));
-      xnddt *= xldot;
-    } else {
-      const double xomi = r.argpo + r.argpdot * r.atime;
-      const double x2omi = xomi + xomi;
-      const double x2li = r.xli + r.xli;
-      xndt = r.d2201 * std::sin(x2omi + r.xli - g22) + r.d2211 * std::sin(r.xli - g22) +
-             r.d3210 * std::sin(xomi + r.xli - g32) + r.d3222 * std::sin(-xomi + r.xli - g32) +
-             r.d4410 * std::sin(x2omi + x2li - g44) + r.d4422 * std::sin(x2li - g44) +
-             r.d5220 * std::sin(xomi + r.xli - g52) + r.d5232 * std::sin(-xomi + r.xli - g52) +
-             r.d5421 * std::sin(xomi + x2li - g54) + r.d5433 * std::sin(-xomi + x2li - g54);
-      xldot = r.xni + r.xfact;
-      xnddt = r.d2201 * std::cos(x2omi + r.xli - g22) + r.d2211 * std::cos(r.xli - g22) +
-              r.d3210 * std::cos(xomi + r.xli - g32) + r.d3222 * std::cos(-xomi + r.xli - g32) +
-              r.d5220 * std::cos(xomi + r.xli - g52) + r.d5232 * std::cos(-xomi + r.xli - g52) +
-              2.0 * (r.d4410 * std::cos(x2omi + x2li - g44) + r.d4422 * std::cos(x2li - g44) +
-                     r.d5421 * std::cos(xomi + x2li - g54) + r.d5433 * std::cos(-xomi + x2li - g54));
-      xnddt *= xldot;
+    if (!r.dotsValid) {
+      if (r.irez != 2) {
+        r.xndt = r.del1 * std::sin(r.xli - fasx2) + r.del2 * std::sin(2.0 * (r.xli - fasx4)) +
+                 r.del3 * std::sin(3.0 * (r.xli - fasx6));
+        r.xldot = r.xni + r.xfact;
+        r.xnddt = r.del1 * std::cos(r.xli - fasx2) + 2.0 * r.del2 * std::cos(2.0 * (r.xli - fasx4)) +
+                  3.0 * r.del3 * std::cos(3.0 * (r.xli - fasx6));
+        r.xnddt *= r.xldot;
+      } else {
+        const double xomi = r.argpo + r.argpdot * r.atime;
+        const double x2omi = xomi + xomi;
+        const double x2li = r.xli + r.xli;
+        r.xndt = r.d2201 * std::sin(x2omi + r.xli - g22) + r.d2211 * std::sin(r.xli - g22) +
+                 r.d3210 * std::sin(xomi + r.xli - g32) + r.d3222 * std::sin(-xomi + r.xli - g32) +
+                 r.d4410 * std::sin(x2omi + x2li - g44) + r.d4422 * std::sin(x2li - g44) +
+                 r.d5220 * std::sin(xomi + r.xli - g52) + r.d5232 * std::sin(-xomi + r.xli - g52) +
+                 r.d5421 * std::sin(xomi + x2li - g54) + r.d5433 * std::sin(-xomi + x2li - g54);
+        r.xldot = r.xni + r.xfact;
+        r.xnddt = r.d2201 * std::cos(x2omi + r.xli - g22) + r.d2211 * std::cos(r.xli - g22) +
+                  r.d3210 * std::cos(xomi + r.xli - g32) + r.d3222 * std::cos(-xomi + r.xli - g32) +
+                  r.d5220 * std::cos(xomi + r.xli - g52) + r.d5232 * std::cos(-xomi + r.xli - g52) +
+                  2.0 * (r.d4410 * std::cos(x2omi + x2li - g44) + r.d4422 * std::cos(x2li - g44) +
+                         r.d5421 * std::cos(xomi + x2li - g54) + r.d5433 * std::cos(-xomi + x2li - g54));
+        r.xnddt *= r.xldot;
+      }
+      r.dotsValid = true;
     }
     if (std::fabs(t - r.atime) < stepp) {
       ft = t - r.atime;
       break;
     }
-    r.xli = r.xli + xldot * delt + xndt * step2;
-    r.xni = r.xni + xndt * delt + xnddt * step2;
+    r.xli = r.xli + r.xldot * delt + r.xndt * step2;
+    r.xni = r.xni + r.xndt * delt + r.xnddt * step2;
     r.atime += delt;
+    r.dotsValid = false;
   }
+  const double xndt = r.xndt, xnddt = r.xnddt, xldot = r.xldot;
 
   nm = r.xni + xndt * ft + xnddt * ft * ft * 0.5;
   const double xl = r.xli + xldot * ft + xndt * ft * ft * 0.5;

@@ -51,8 +51,10 @@ bool sgp4(ElsetRec& r, double tsince, double ro[3], double vo[3]) {
     r.error = 2;
     return false;
   }
-  const double am = std::pow(r.xke / nm, x2o3) * tempa * tempa;
-  nm = r.xke / std::pow(am, 1.5);
+  // Without resonance the mean motion is the epoch's, and so is its power.
+  const double aonv = nm == r.no_unkozai ? r.aonv0 : std::pow(r.xke / nm, x2o3);
+  const double am = aonv * tempa * tempa;
+  nm = r.xke / (am * std::sqrt(am));
   em -= tempe;
 
   if (em >= 1.0 || em < -0.001) {
@@ -77,8 +79,9 @@ bool sgp4(ElsetRec& r, double tsince, double ro[3], double vo[3]) {
   r.mm = mm;
   r.nm = nm;
 
-  const double sinim = std::sin(inclm);
-  const double cosim = std::cos(inclm);
+  // Near-earth sets keep the epoch inclination.
+  const double sinim = r.method == 'd' ? std::sin(inclm) : r.sinio;
+  const double cosim = r.method == 'd' ? std::cos(inclm) : r.cosio;
 
   // Lunar-solar periodics.
   double ep = em;

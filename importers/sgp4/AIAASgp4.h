@@ -69,6 +69,14 @@ struct ElsetRec {
          sgh4 = 0, sh2 = 0, sh3 = 0, si2 = 0, si3 = 0, sl2 = 0, sl3 = 0, sl4 = 0, gsto = 0, xfact = 0,
          xgh2 = 0, xgh3 = 0, xgh4 = 0, xh2 = 0, xh3 = 0, xi2 = 0, xi3 = 0, xl2 = 0, xl3 = 0, xl4 = 0,
          xlamo = 0, zmol = 0, zmos = 0, atime = 0, xli = 0, xni = 0;
+  // The resonance rates at the integrator's current step; they change only
+  // when the integrator moves, so dspace keeps them between calls.
+  bool dotsValid = false;
+  double xndt = 0, xnddt = 0, xldot = 0;
+  // Sine and cosine of the epoch inclination, which near-earth sets keep.
+  double sinio = 0, cosio = 1;
+  // (xke / no_unkozai)^(2/3): the unperturbed semi-major axis, in earth radii.
+  double aonv0 = 0;
 
   // Elements and epoch.
   double a = 0, altp = 0, alta = 0, epochdays = 0, jdsatepoch = 0, jdsatepochF = 0, nddot = 0, ndot = 0,

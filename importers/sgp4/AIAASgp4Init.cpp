@@ -30,7 +30,10 @@ void initl(double epoch, ElsetRec& r, InitL& o) {
   r.no_unkozai = r.no_kozai / (1.0 + del);
 
   o.ao = std::pow(r.xke / r.no_unkozai, x2o3);
+  r.aonv0 = o.ao;
   o.sinio = std::sin(r.inclo);
+  r.sinio = o.sinio;
+  r.cosio = o.cosio;
   const double po = o.ao * o.omeosq;
   o.con42 = 1.0 - 5.0 * o.cosio2;
   r.con41 = -o.con42 - o.cosio2 - o.cosio2;
