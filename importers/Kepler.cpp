@@ -16,8 +16,8 @@ constexpr double PI = 3.14159265358979323846;
 constexpr double TWOPI = 2.0 * PI;
 constexpr int MAX_ITERATIONS = 200;
 constexpr double TOLERANCE = 1.0e-12;
-// Energies closer to zero than this (ft^2/s^2) make a parabola.
-constexpr double PARABOLIC_ENERGY = 1.0e-6;
+// Energies closer to zero than this part of mu / r make a parabola.
+constexpr double PARABOLIC_ENERGY = 1.0e-10;
 
 double dot(const double* a, const double* b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
 
@@ -61,7 +61,7 @@ bool Kepler::elements_() {
   eccentricity = std::sqrt(dot(e, e));
   semiLatusRectum = h2 / MU;
   const double energy = 0.5 * v2 - MU / rmag;
-  semiMajorAxis = std::fabs(energy) > PARABOLIC_ENERGY ? -MU / (2.0 * energy) : 0.0;
+  semiMajorAxis = std::fabs(energy) > PARABOLIC_ENERGY * MU / rmag ? -MU / (2.0 * energy) : 0.0;
   meanMotion = semiMajorAxis != 0.0 ? std::sqrt(MU / std::fabs(semiMajorAxis * semiMajorAxis * semiMajorAxis)) : 0.0;
   return true;
 }
@@ -188,7 +188,8 @@ double Kepler::TrajectoryTime(double* radiusResult, int mode) {
   const double h = eventHeight_;
   const double r = std::sqrt(eventK1 + eventK2 * h + h * h);
   if (mode == 4) {
-    const double arg = e > 0.0 ? (p - r) / (p * e) : 2.0;
+    // The conic r = p / (1 + e cos nu) solved for the anomaly at radius r.
+    const double arg = e > 0.0 ? (p - r) / (r * e) : 2.0;
     if (arg < -1.0 || arg > 1.0) return 0.0;
     nu = std::acos(arg);
   }
