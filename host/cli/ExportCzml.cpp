@@ -21,6 +21,11 @@ using nlohmann::json;
 
 constexpr double DEGREES = 180.0 / M_PI;
 
+// Stands where the samples go until the packet is written.
+const char* const SAMPLES = "@samples@";
+
+std::string text(const json& value) { return value.dump(-1, ' ', false, json::error_handler_t::replace); }
+
 json rgba(const Rgb& colour) {
   return json::array({static_cast<int>(colour.r * 255 + 0.5), static_cast<int>(colour.g * 255 + 0.5),
                       static_cast<int>(colour.b * 255 + 0.5), 255});
@@ -53,7 +58,7 @@ void writeCzml(std::ostream& out, const ExportScene& scene) {
     document["clock"] = {{"interval", interval}, {"currentTime", isoTime(year, first)}, {"multiplier", 10},
                          {"range", "LOOP_STOP"}, {"step", "SYSTEM_CLOCK_MULTIPLIER"}};
   }
-  json packets = json::array({document});
+  out << "[\n" << text(document);
 
   for (std::size_t i = 0; i < scene.tracks.size(); ++i) {
     const PlatformTrack& track = scene.tracks[i];
@@ -66,15 +71,9 @@ void writeCzml(std::ostream& out, const ExportScene& scene) {
       packet["position"] = {{"cartographicDegrees", json::array({p.lon * DEGREES, p.lat * DEGREES, p.alt})}};
     } else {
       const double epoch = timed.front()->time;
-      json values = json::array();
-      for (const GeoPoint* p : timed) {
-        values.push_back(p->time - epoch);
-        values.push_back(p->lon * DEGREES);
-        values.push_back(p->lat * DEGREES);
-        values.push_back(p->alt);
-      }
       packet["availability"] = isoTime(year, epoch) + "/" + isoTime(year, timed.back()->time);
-      packet["position"] = {{"epoch", isoTime(year, epoch)}, {"cartographicDegrees", std::move(values)}};
+      // The samples are streamed into this placeholder's place below.
+      packet["position"] = {{"epoch", isoTime(year, epoch)}, {"cartographicDegrees", SAMPLES}};
       packet["path"] = {{"material", {{"solidColor", {{"color", {{"rgba", rgba(platformColour(i))}}}}}}},
                         {"width", 2},
                         {"leadTime", 0},
@@ -83,9 +82,26 @@ void writeCzml(std::ostream& out, const ExportScene& scene) {
     packet["point"] = {{"pixelSize", 8}, {"color", {{"rgba", rgba(platformColour(i))}}}};
     packet["label"] = {{"text", platform.header.name}, {"pixelOffset", {{"cartesian2", json::array({10, -10})}}},
                        {"horizontalOrigin", "LEFT"}, {"font", "12px sans-serif"}};
-    packets.push_back(std::move(packet));
+    out << ",\n";
+    const std::string head = text(packet);
+    // Searched with its key: inside a string of the packet its quotes would
+    // be escaped.
+    const std::string marker = "\"cartographicDegrees\":" + text(SAMPLES);
+    const std::size_t at = timed.empty() ? std::string::npos : head.find(marker);
+    if (at == std::string::npos) {
+      out << head;
+      continue;
+    }
+    out << head.substr(0, at) << "\"cartographicDegrees\":[";
+    const double epoch = timed.front()->time;
+    for (std::size_t k = 0; k < timed.size(); ++k) {
+      const GeoPoint& p = *timed[k];
+      out << (k ? "," : "") << shortestNumber(p.time - epoch) << ',' << shortestNumber(p.lon * DEGREES) << ','
+          << shortestNumber(p.lat * DEGREES) << ',' << shortestNumber(p.alt);
+    }
+    out << ']' << head.substr(at + marker.size());
   }
-  out << packets.dump(-1, ' ', false, json::error_handler_t::replace) << "\n";
+  out << "\n]\n";
 }
 
 }  // namespace RefHost

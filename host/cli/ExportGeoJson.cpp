@@ -1,6 +1,7 @@
 // GeoJSON (RFC 7946): one Feature per platform, a LineString of its track or
 // a Point for a platform that stands still, positions as longitude, latitude
-// and altitude in degrees and metres on WGS-84.
+// and altitude in degrees and metres on WGS-84. Coordinates and times are
+// streamed, so that a long track needs no JSON tree.
 
 #include <cmath>
 #include <ostream>
@@ -19,7 +20,12 @@ using nlohmann::json;
 
 constexpr double DEGREES = 180.0 / M_PI;
 
-json position(const GeoPoint& p) { return json::array({p.lon * DEGREES, p.lat * DEGREES, p.alt}); }
+std::string text(const json& value) { return value.dump(-1, ' ', false, json::error_handler_t::replace); }
+
+std::string position(const GeoPoint& p) {
+  return "[" + shortestNumber(p.lon * DEGREES) + "," + shortestNumber(p.lat * DEGREES) + "," + shortestNumber(p.alt) +
+         "]";
+}
 
 json isoOrNull(int year, double seconds) {
   const std::string iso = isoTime(year, seconds);
@@ -48,39 +54,45 @@ json children(const HostScenario& scenario, std::uint64_t parent) {
 
 void writeGeoJson(std::ostream& out, const ExportScene& scene) {
   const int year = scene.referenceYear;
-  json features = json::array();
+  out << "{\"type\":\"FeatureCollection\",\"features\":[";
+  bool firstFeature = true;
   for (const PlatformTrack& track : scene.tracks) {
     const HostObject& platform = *track.object;
     const std::vector<const GeoPoint*> timed = timedPoints(track);
-    json geometry;
-    json times = json::array();
-    if (timed.size() >= 2) {
-      json line = json::array();
-      for (const GeoPoint* p : timed) {
-        line.push_back(position(*p));
-        times.push_back(isoOrNull(year, p->time));
-      }
-      geometry = {{"type", "LineString"}, {"coordinates", std::move(line)}};
-    } else {
-      // One place: the timed point if there is one, else the last static one.
-      const GeoPoint& p = timed.empty() ? track.points.back() : *timed.front();
-      geometry = {{"type", "Point"}, {"coordinates", position(p)}};
-      if (!timed.empty()) times.push_back(isoOrNull(year, p.time));
-    }
+    // A line needs two points; one place is a Point: the timed point if
+    // there is one, else the last static one.
+    const bool line = timed.size() >= 2;
+    std::vector<const GeoPoint*> vertices = timed;
+    if (!line) vertices = {timed.empty() ? &track.points.back() : timed.front()};
+
     json properties = {{"name", platform.header.name},
                        {"icon", platform.header.icon},
                        {"originalId", platform.originalId},
                        {"id", platform.id},
-                       {"static", timed.empty()},
-                       {"times", std::move(times)}};
+                       {"static", timed.empty()}};
     properties["begin"] = timed.empty() ? json(nullptr) : isoOrNull(year, platform.data(SERIES_POINTS).minTime());
     properties["end"] = timed.empty() ? json(nullptr) : isoOrNull(year, platform.data(SERIES_POINTS).maxTime());
     const json objects = children(*scene.scenario, platform.id);
     if (!objects.empty()) properties["objects"] = objects;
-    features.push_back({{"type", "Feature"}, {"geometry", std::move(geometry)}, {"properties", std::move(properties)}});
+
+    out << (firstFeature ? "\n" : ",\n") << "{\"type\":\"Feature\",\"geometry\":{\"type\":\""
+        << (line ? "LineString" : "Point") << "\",\"coordinates\":";
+    firstFeature = false;
+    if (line) {
+      out << '[';
+      for (std::size_t i = 0; i < vertices.size(); ++i) out << (i ? "," : "") << position(*vertices[i]);
+      out << ']';
+    } else {
+      out << position(*vertices.front());
+    }
+    std::string head = text(properties);
+    head.pop_back();  // the closing brace: the times follow
+    out << "},\"properties\":" << head << ",\"times\":[";
+    for (std::size_t i = 0; i < timed.size() && (line || i == 0); ++i)
+      out << (i ? "," : "") << text(isoOrNull(year, timed[i]->time));
+    out << "]}}";
   }
-  const json collection = {{"type", "FeatureCollection"}, {"features", std::move(features)}};
-  out << collection.dump(-1, ' ', false, json::error_handler_t::replace) << "\n";
+  out << "\n]}\n";
 }
 
 }  // namespace RefHost
