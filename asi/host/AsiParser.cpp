@@ -42,6 +42,7 @@ void AsiParser::populateCommands(int version) {
   CommandList commands;
   addPlatformCommands(provider_, version, commands);
   addScenarioCommands(provider_, version, commands);
+  addTableCommands(provider_, version, commands);
   for (FileReaderPlugin::CommandParser* command : commands) replaceCommand_(command);
 }
 

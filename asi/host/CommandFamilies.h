@@ -28,4 +28,8 @@ void addPlatformCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& 
 void addScenarioCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
                          CommandList& commands);
 
+// Data-table commands ("DataTable", "DataTableUnits", "DataTableRow").
+void addTableCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                      CommandList& commands);
+
 }  // namespace AsiReader
