@@ -4,6 +4,11 @@
 // reference host, then the end-of-file checks. Nothing may fault; the host
 // may not hold more points than there were data lines, nor a beam that is
 // not on a platform or a gate that is not on a beam.
+//
+//   build-fuzz/fuzz/beamcmds_fuzz -dict=fuzz/beamcmds.dict CORPUS fuzz/beamcmds_seeds
+//
+// The first byte of an input is the control byte (see below); the seeds
+// start with one.
 
 #include <cstddef>
 #include <cstdint>
