@@ -44,6 +44,7 @@ void AsiParser::populateCommands(int version) {
   addBeamCommands(provider_, version, commands);
   addGateCommands(provider_, version, commands);
   addScenarioCommands(provider_, version, commands);
+  addTableCommands(provider_, version, commands);
   for (FileReaderPlugin::CommandParser* command : commands) replaceCommand_(command);
 }
 

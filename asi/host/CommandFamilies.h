@@ -36,4 +36,8 @@ void addGateCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& prov
 void addScenarioCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
                          CommandList& commands);
 
+// Data-table commands ("DataTable", "DataTableUnits", "DataTableRow").
+void addTableCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                      CommandList& commands);
+
 }  // namespace AsiReader
