@@ -260,6 +260,12 @@ void CSVPos::AddPOS(const std::vector<std::string>& tokens, int dataFormat) {
     report_("POS", e.what());
     return;
   }
+  // Negative clock fields can reach before the year; -1 would even make
+  // the track static.
+  if (time < 0.0) {
+    report_("POS", "The time lies before the start of the year.");
+    return;
+  }
   const int year = toInt(tokens[1]);
   if (year != scenario_->referenceYear()) scenario_->setReferenceYear(year);
 

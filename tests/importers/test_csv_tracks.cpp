@@ -165,12 +165,16 @@ TEST(CsvPosition, BadLinesAreDroppedAndTheRestLoads) {
   CsvLoad load = loadCsv(scoreFile(scoreLeg("LTS", 1, "Ship", "Ship", 3) + "POS,2021,13,1,0,0,0,LTS,1\n" +
                                    "POS,2021,13,1,0,0,0,LTS,1,33,-118,0,0,0,0,0,16,17,18,19,20,21,0\n" +
                                    "POS,2021,2,30,0,0,0,LTS,1,33,-118,0,0,0,0,0,16,17,18,19,20,21,0\n" +
+                                   "POS,2021,1,1,0,0,-1,LTS,1,33,-118,0,0,0,0,0,16,17,18,19,20,21,0\n" +
                                    scorePos("LTS", 1, "11:00:00", 33, -118, 0, 0, 0)));
   EXPECT_EQ(load.platform("Ship")->Motion()->Size(), 1u);
   EXPECT_NE(load.issues.find("Line 5 POS: orvCore::getYearDay, The given month is not valid."), std::string::npos)
       << load.issues;
   EXPECT_NE(load.issues.find("Line 6 POS: orvCore::getYearDay, The given month day is not valid."),
             std::string::npos);
+  // A second before the year would otherwise make the track static.
+  EXPECT_NE(load.issues.find("Line 7 POS: The time lies before the start of the year."), std::string::npos);
+  EXPECT_FALSE(load.platform("Ship")->isStatic());
 }
 
 TEST(CsvPosition, LastYearInTheFileBecomesTheReferenceYear) {
