@@ -124,6 +124,10 @@ int CSVFile::ParseCSVFile(const std::string& fileName, ScenarioUD* scenario, int
   } else {
     scenario_->addExternalFile(EFT_GOG_FILE, "!SOCAL_Overlays.gog");
     scenario_->addExternalFile(EFT_GOG_FILE, "States.gog");
+    // Without an ORG line the scenario keeps its origin, but X/Y columns
+    // still need one to be measured from: the range's own.
+    if (!converter_.hasReferenceOrigin())
+      converter_.setReferenceOrigin(refLat_ * CSVFields::DEG_TO_RAD, refLon_ * CSVFields::DEG_TO_RAD, refAlt_);
   }
 
   {

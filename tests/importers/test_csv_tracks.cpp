@@ -192,6 +192,13 @@ TEST(CsvPosition, XyzColumnsGiveThePositionFromTheOrigin) {
   EXPECT_NEAR(s.lat, 33.026669 * kDeg + 200 * 0.91439997 / 6371000.0, 2e-7);
   EXPECT_GT(s.lon, -118.578636 * kDeg);
   EXPECT_NEAR(s.alt, 500 * 0.30479999, 1e-9);
+
+  // Without an ORG line the columns are measured from the range's origin.
+  CsvLoad noOrg = loadCsv(scoreFile(scorePos("LTS", 1, "10:00:00", 0, 0, 500, 0, 0)), 1);
+  const MotionStateUD& same = firstState(noOrg.scenario->platforms().begin()->second.get());
+  EXPECT_DOUBLE_EQ(same.lat, s.lat);
+  EXPECT_DOUBLE_EQ(same.lon, s.lon);
+  EXPECT_FALSE(noOrg.scenario->hasReferenceOrigin());
 }
 
 }  // namespace
