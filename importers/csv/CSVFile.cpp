@@ -107,9 +107,11 @@ int CSVFile::ParseCSVFile(const std::string& fileName, ScenarioUD* scenario, int
     LineFile file(fileName);
     learnFormat_(file.stream());
   }
+  double fileSize = 0.0;
   {
     LineFile file(fileName);
     readSettingsAndLegends_(file.stream());
+    fileSize = static_cast<double>(lineBytes_);
   }
 
   const int format = DataFormat();
@@ -130,9 +132,14 @@ int CSVFile::ParseCSVFile(const std::string& fileName, ScenarioUD* scenario, int
       converter_.setReferenceOrigin(refLat_ * CSVFields::DEG_TO_RAD, refLon_ * CSVFields::DEG_TO_RAD, refAlt_);
   }
 
+  bool complete = false;
   {
     LineFile file(fileName);
-    readPositionsAndEvents_(file.stream());
+    complete = readPositionsAndEvents_(file.stream(), fileSize);
+  }
+  if (!complete) {
+    scenario_ = nullptr;
+    return 2;
   }
   if (csvEvt_) csvEvt_->CreateEvents(scenario_, this, csvPos_.get(), scenarioData);
   scenario_ = nullptr;
@@ -167,8 +174,10 @@ void CSVFile::readSettingsAndLegends_(std::istream& in) {
   std::string line;
   std::vector<std::string> tokens;
   lineNumber_ = 0;
+  lineBytes_ = 0;
   while (orvCore::getStrippedLine(in, line)) {
     ++lineNumber_;
+    lineBytes_ += line.size() + 1;
     // Only these four records matter in this pass; the rest are not split.
     const bool cla = recordIs(line, "CLA", 3), src = recordIs(line, "SRC", 3), org = recordIs(line, "ORG", 3),
                leg = recordIs(line, "LEG", 3);
@@ -212,13 +221,19 @@ void CSVFile::applyOrigin_(bool report) {
   converter_.setReferenceOrigin(lat, lon, refAlt_);
 }
 
-void CSVFile::readPositionsAndEvents_(std::istream& in) {
+bool CSVFile::readPositionsAndEvents_(std::istream& in, double fileSize) {
   std::string line;
   std::vector<std::string> tokens;
   const int format = DataFormat();
   lineNumber_ = 0;
+  double bytes = 0.0;
   while (orvCore::getStrippedLine(in, line)) {
     ++lineNumber_;
+    bytes += static_cast<double>(line.size() + 1);
+    // The earlier passes are quick; this one is the load's length.
+    if (progress_ != nullptr && lineNumber_ % 8192 == 0 &&
+        progress_->updateProgress(fileSize > 0.0 ? static_cast<int>(100.0 * bytes / fileSize) : 0))
+      return false;
     if (recordIs(line, "POS", 3)) {
       csvTokenize_(tokens, line);
       csvPos_->AddPOS(tokens, format);
@@ -227,5 +242,16 @@ void CSVFile::readPositionsAndEvents_(std::istream& in) {
       if (!csvEvt_) csvEvt_ = std::make_unique<CSVEvt>(this);
       csvEvt_->AddEVT(tokens, format);
     }
+  }
+  return true;
+}
+
+int loadRangeFile(const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress) {
+  CSVFile file;
+  file.setProgress(progress);
+  switch (file.ParseCSVFile(path, &scenario, -1, 0)) {
+    case 0: return UD_NO_ERROR;
+    case 2: return UD_USER_CANCEL;
+    default: return UD_FATAL;
   }
 }

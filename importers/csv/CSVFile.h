@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "core/CoordinateConverter.h"
+#include "document/ScenarioUD.h"
 
-class ScenarioUD;
 class CSVPos;
 class CSVEvt;
 
@@ -32,9 +32,12 @@ class CSVFile {
   CSVFile& operator=(const CSVFile&) = delete;
 
   // 0 when the file was read, 1 when its format is not SCORE or PMRF (a
-  // file that can't be opened is one). `limit` has no effect. With `useXYZ`
-  // SCORE positions come from the X/Y/Z columns.
+  // file that can't be opened is one), 2 when the progress callback asked
+  // to cancel. `limit` has no effect. With `useXYZ` SCORE positions come
+  // from the X/Y/Z columns.
   int ParseCSVFile(const std::string& fileName, ScenarioUD* scenario, int limit = -1, int useXYZ = 0);
+  // Told the percentage of the file read now and then; a true answer cancels.
+  void setProgress(ScenarioUD::PercentCallback* progress) { progress_ = progress; }
 
   // The stored format, else the one the reference origin lies in (by whole degrees).
   int DataFormat() const;
@@ -66,7 +69,8 @@ class CSVFile {
  private:
   void learnFormat_(std::istream& in);
   void readSettingsAndLegends_(std::istream& in);
-  void readPositionsAndEvents_(std::istream& in);
+  // False when the user canceled.
+  bool readPositionsAndEvents_(std::istream& in, double fileSize);
   void setOrigin_(const std::vector<std::string>& tokens);
   // Sets the held origin on the scenario and the converter; `report` tells a
   // value the scenario refuses.
@@ -86,4 +90,10 @@ class CSVFile {
   ScenarioUD* scenario_ = nullptr;
   unsigned int originWarningPause_ = 2500000;
   size_t lineNumber_ = 0;
+  size_t lineBytes_ = 0;  // bytes of the lines of the settings pass: the file's size
+  ScenarioUD::PercentCallback* progress_ = nullptr;
 };
+
+// The importer's entry: fills `scenario` from a range file; an ErrorCodesUD
+// value (fatal for a file of neither range, the cancel code on a cancel).
+int loadRangeFile(const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress);

@@ -3,8 +3,14 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <unistd.h>
 
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+
+#include "document/ErrorCodesUD.h"
+#include "importers/csv/CSVFile.h"
 #include "support_csv.h"
 
 namespace {
@@ -76,6 +82,43 @@ TEST(CsvFileSettings, ClassificationLevelsAreCaseSensitive) {
 TEST(CsvFileSettings, SourceLineBecomesTheDescription) {
   CsvLoad load = loadCsv(scoreFile("", "SRC,SOCAL,Exercise 7\n"));
   EXPECT_EQ(load.scenario->desc(), "SOCAL  Exercise 7");
+}
+
+TEST(CsvFileEntry, ProgressRisesAndACancelStopsTheLoad) {
+  std::string body;
+  for (int i = 0; i < 20000; ++i) body += scorePos("LTS", i % 5, "10:00:" + std::to_string(i % 60), 33, -118, 0, 0, 0);
+  const std::string path = "/tmp/orv_csv_progress_" + std::to_string(getpid()) + ".csv";
+  std::ofstream(path) << scoreFile(body);
+
+  std::vector<int> seen;
+  ScenarioUD::PercentCallbackAdapter watch([&seen](int percent) {
+    seen.push_back(percent);
+    return false;
+  });
+  ScenarioUD whole;
+  testing::internal::CaptureStdout();
+  EXPECT_EQ(loadRangeFile(path, whole, &watch), UD_NO_ERROR);
+  ASSERT_EQ(seen.size(), 2u);
+  EXPECT_LT(seen[0], seen[1]);
+  EXPECT_LE(seen[1], 100);
+
+  ScenarioUD::PercentCallbackAdapter cancel([](int) { return true; });
+  ScenarioUD canceled;
+  EXPECT_EQ(loadRangeFile(path, canceled, &cancel), UD_USER_CANCEL);
+  testing::internal::GetCapturedStdout();
+  std::remove(path.c_str());
+}
+
+TEST(CsvFileEntry, NeitherRangeIsFatal) {
+  const std::string path = "/tmp/orv_csv_neither_" + std::to_string(getpid()) + ".csv";
+  std::ofstream(path) << "COM,x\n";
+  ScenarioUD scenario;
+  testing::internal::CaptureStdout();
+  testing::internal::CaptureStderr();
+  EXPECT_TRUE(udIsFatalError(loadRangeFile(path, scenario, nullptr)));
+  testing::internal::GetCapturedStderr();
+  testing::internal::GetCapturedStdout();
+  std::remove(path.c_str());
 }
 
 }  // namespace
