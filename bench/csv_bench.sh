@@ -58,7 +58,7 @@ measure() {  # COMMAND... -> "seconds kilobytes" (fastest wall time, largest pea
 
 row() {  # label seconds kilobytes records awk_seconds
   awk -v l="$1" -v s="$2" -v k="$3" -v n="$4" -v a="$5" 'BEGIN{
-    printf "%-34s %7.2f s %10.0f records/s %6.2f x awk %8.1f MiB peak RSS\n", l, s, s > 0 ? n / s : 0, s / a, k / 1024 }'
+    printf "%-34s %7.2f s %10.0f records/s %6.2f x awk %8.1f MiB peak RSS\n", l, s, (s > 0 ? n / s : 0), s / a, k / 1024 }'
 }
 
 main_file="$(generate "$RECORDS")"
