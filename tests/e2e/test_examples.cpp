@@ -105,6 +105,17 @@ TEST_F(Examples, SingleFilesLoadCleanWithTheirPlatformsAndPoints) {
     SCOPED_TRACE("aircraft_ecef.asi");
     expectLoaded({example("aircraft_ecef.asi")}, {{"F-HBJT Falcon", 37}, {"Blagnac Tower", 1}});
   }
+  {
+    SCOPED_TRACE("socal_aswex.csv");
+    expectLoaded({example("socal_aswex.csv")}, {{"Viper 11", 61}, {"Pelican 2", 61}, {"Seahawk 4", 61},
+                                                {"Lake Champlain", 61}, {"Hostile Sub", 61}, {"Fishing Vessel", 61},
+                                                {"DIFAR55", 31}, {"DC01", 2}, {"VL02", 2}});
+  }
+  {
+    SCOPED_TRACE("pmrf_rimpac.csv");
+    expectLoaded({example("pmrf_rimpac.csv")},
+                 {{"Kauai Eagle", 46}, {"Chosin", 46}, {"Target Drone", 46}, {"Range Boat", 46}});
+  }
 }
 
 TEST_F(Examples, RadarLoadsCleanWithItsBeamsAndGates) {
