@@ -1,5 +1,6 @@
 #include "importers/ImporterTable.h"
 
+#include "importers/SatelliteLoad.h"
 #include "importers/csv/CSVFile.h"
 
 namespace Importers {
@@ -19,6 +20,22 @@ ImporterTable sideFormatImporters() {
   range.fatalText = "Fatal error when loading CSV file\n";
   range.load = loadRangeFile;
   table.push_back(range);
+
+  ImporterEntry tle;
+  tle.extensions = {".tle"};
+  tle.notice = "Reading TLE file: ";
+  tle.issuesHeading = "Issues detected during conversion of TLE to ASI:\n";
+  tle.fatalText = "Fatal error when loading TLE file\n";
+  tle.load = loadTleFile;
+  table.push_back(tle);
+
+  ImporterEntry kepler;
+  kepler.extensions = {".kp"};
+  kepler.notice = "Reading Kepler file: ";
+  kepler.issuesHeading = "Issues detected during conversion of Kepler to ASI:\n";
+  kepler.fatalText = "Fatal error when loading Kepler file\n";
+  kepler.load = loadKeplerFile;
+  table.push_back(kepler);
 
   return table;
 }

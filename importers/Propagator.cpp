@@ -6,6 +6,7 @@
 
 #include "core/CoordinateConverter.h"
 #include "core/Notify.h"
+#include "importers/ConversionLog.h"
 
 namespace {
 
@@ -43,7 +44,7 @@ int Propagator::launchYear() const { return fullYear(getInt_(10, 11, line1_)); }
 int Propagator::epochYear() const { return fullYear(getInt_(19, 20, line1_)); }
 double Propagator::epochDay() const { return getDouble_(21, 32, line1_); }
 double Propagator::epochTime() const { return (epochDay() - 1.0) * 86400.0; }
-double Propagator::estimatedError(double secondsFromEpoch) const { return secondsFromEpoch / 86400.0; }
+double Propagator::estimatedError(double secondsFromEpoch) const { return std::fabs(secondsFromEpoch) / 86400.0; }
 
 void Propagator::toGeodetic_(const double ecefPos[3], const double ecefVel[3], double* lla, double* orientation,
                              double* velocity) {
@@ -107,8 +108,8 @@ int PropagatorAIAA::propagate(double secondsFromEpoch, double* lla, double* orie
   double r[3], v[3];
   if (!AIAA::sgp4(rec_, secondsFromEpoch / 60.0, r, v) || !std::isfinite(r[0])) {
     const int code = rec_.error != 0 ? rec_.error : 1;
-    orvNotify::notify(orvNotify::ERROR_LEVEL) << "Code [" << code << "] occurred with " << name()
-                                              << " in AIAA::sgp4: " << errorText(code) << "\n";
+    ConversionLog::issue("Code [" + std::to_string(code) + "] occurred with " + name() +
+                         " in AIAA::sgp4: " + errorText(code));
     return code;
   }
   // TEME to Earth-fixed: a turn about Z by the sidereal angle of the moment.

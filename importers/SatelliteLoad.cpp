@@ -1,0 +1,30 @@
+#include "importers/SatelliteLoad.h"
+
+#include <filesystem>
+
+#include "document/ErrorCodesUD.h"
+#include "importers/Kepler2ASI.h"
+#include "importers/TLE2ASI.h"
+
+namespace Importers {
+
+int loadTleFile(const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress) {
+  TLE2ASI::TleSettings settings;
+  settings.inputFile = path;
+  // Beside the input, named by its last path component with ".asi" added.
+  const std::filesystem::path input(path);
+  settings.outputFile = (input.parent_path() / (input.filename().string() + ".asi")).string();
+  // The ASI text does not refer to GOG files, so the loader asks for none.
+  settings.writeGog = false;
+  // Any failure of the conversion is fatal, whatever its number.
+  if (TLE2ASI::convert(settings) != 0) return UD_FATAL;
+  return scenario.load(settings.outputFile, nullptr, progress);
+}
+
+int loadKeplerFile(const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress) {
+  std::string output;
+  if (KEPLER2ASI::convert(path, 0.0, &output) != 0) return UD_FATAL;
+  return scenario.load(output, nullptr, progress);
+}
+
+}  // namespace Importers
