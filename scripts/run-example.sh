@@ -40,6 +40,12 @@ load radar "$BUILD_DIR/example-dump-radar.json" "$EXAMPLES/radar.asi"
 load live_feed "$BUILD_DIR/example-dump-live_feed.json" "$EXAMPLES/live_feed_1.asi" "$EXAMPLES/live_feed_2.asi"
 load socal_aswex "$BUILD_DIR/example-dump-socal_aswex.json" "$EXAMPLES/socal_aswex.csv"
 load pmrf_rimpac "$BUILD_DIR/example-dump-pmrf_rimpac.json" "$EXAMPLES/pmrf_rimpac.csv"
+# The TLE and Kepler converters write their ASI text beside the input: they
+# load copies in the build folder, so that examples/ stays as it is.
+CONVERTED="$BUILD_DIR/converted-examples"
+mkdir -p "$CONVERTED" && cp "$EXAMPLES/satellites.tle" "$EXAMPLES/ballistic.kp" "$CONVERTED/"
+load satellites "$BUILD_DIR/example-dump-satellites.json" "$CONVERTED/satellites.tle"
+load ballistic "$BUILD_DIR/example-dump-ballistic.json" "$CONVERTED/ballistic.kp"
 
 echo "==== results"
 printf '%s\n' "${results[@]}"
