@@ -21,21 +21,8 @@ ImporterTable sideFormatImporters() {
   range.load = loadRangeFile;
   table.push_back(range);
 
-  ImporterEntry tle;
-  tle.extensions = {".tle"};
-  tle.notice = "Reading TLE file: ";
-  tle.issuesHeading = "Issues detected during conversion of TLE to ASI:\n";
-  tle.fatalText = "Fatal error when loading TLE file\n";
-  tle.load = loadTleFile;
-  table.push_back(tle);
-
-  ImporterEntry kepler;
-  kepler.extensions = {".kp"};
-  kepler.notice = "Reading Kepler file: ";
-  kepler.issuesHeading = "Issues detected during conversion of Kepler to ASI:\n";
-  kepler.fatalText = "Fatal error when loading Kepler file\n";
-  kepler.load = loadKeplerFile;
-  table.push_back(kepler);
+  table.push_back(tleEntry());
+  table.push_back(keplerEntry());
 
   return table;
 }

@@ -8,6 +8,21 @@
 
 namespace Importers {
 
+namespace {
+
+// `kind` names the format in the texts the user sees: "TLE", "Kepler".
+ImporterEntry converterEntry(const std::string& extension, const std::string& kind, ImporterEntry::Load load) {
+  ImporterEntry entry;
+  entry.extensions = {extension};
+  entry.notice = "Reading " + kind + " file: ";
+  entry.issuesHeading = "Issues detected during conversion of " + kind + " to ASI:\n";
+  entry.fatalText = "Fatal error when loading " + kind + " file\n";
+  entry.load = std::move(load);
+  return entry;
+}
+
+}  // namespace
+
 int loadTleFile(const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress) {
   TLE2ASI::TleSettings settings;
   settings.inputFile = path;
@@ -26,5 +41,9 @@ int loadKeplerFile(const std::string& path, ScenarioUD& scenario, ScenarioUD::Pe
   if (KEPLER2ASI::convert(path, 0.0, &output) != 0) return UD_FATAL;
   return scenario.load(output, nullptr, progress);
 }
+
+ImporterEntry tleEntry() { return converterEntry(".tle", "TLE", loadTleFile); }
+
+ImporterEntry keplerEntry() { return converterEntry(".kp", "Kepler", loadKeplerFile); }
 
 }  // namespace Importers

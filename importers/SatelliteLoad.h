@@ -4,13 +4,17 @@
 
 #include <string>
 
-#include "document/ScenarioUD.h"
+#include "document/ImporterEntry.h"
 
 namespace Importers {
 
-// Both answer UD_FATAL when the conversion fails (its messages are on the
-// document's error stream), else the result of loading the ASI text.
+// Both loads answer UD_FATAL when the conversion fails (its messages are on
+// the document's error stream), else the result of loading the ASI text.
 int loadTleFile(const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress);
 int loadKeplerFile(const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress);
+
+// ".tle" and ".kp", with their notices, issue headings and fatal texts.
+ImporterEntry tleEntry();
+ImporterEntry keplerEntry();
 
 }  // namespace Importers

@@ -73,6 +73,17 @@ class Satellites : public e2e::HostRun {
     return found;
   }
 
+  // A failed conversion: exit status 3, the issue under the conversion's
+  // heading, the fatal text, and nothing in the host.
+  void expectFailed(const e2e::Outcome& r, const std::string& kind, const std::string& issue) const {
+    EXPECT_EQ(r.status, 3) << r.out << r.err;
+    const std::string warnings = messages(3);
+    EXPECT_NE(warnings.find("Issues detected during conversion of " + kind + " to ASI:\n" + issue), std::string::npos)
+        << warnings;
+    EXPECT_NE(warnings.find("Fatal error when loading " + kind + " file\n"), std::string::npos) << warnings;
+    EXPECT_TRUE(json("dump.json")["objects"].empty());
+  }
+
   std::set<std::string> folderEntries(const std::string& folder) const {
     std::set<std::string> names;
     for (const auto& entry : e2e::fs::directory_iterator(work / folder)) names.insert(entry.path().filename());
@@ -158,15 +169,8 @@ TEST_F(Satellites, FaultyElementSetFailsWithItsMessageAndTheHelp) {
   std::string shortLine = kIss;
   shortLine.erase(shortLine.find("9958"), 1);  // the first element line has 68 characters
   const e2e::Outcome r = load(write("short.tle", shortLine));
-  EXPECT_EQ(r.status, 3);
-  const std::string warnings = messages(3);
-  EXPECT_NE(warnings.find("Issues detected during conversion of TLE to ASI:\n"
-                          "Error processing TLE file, incorrect size (must == 69 chars) in first TLE line\n"),
-            std::string::npos)
-      << warnings;
-  EXPECT_NE(warnings.find("Fatal error when loading TLE file\n"), std::string::npos) << warnings;
+  expectFailed(r, "TLE", "Error processing TLE file, incorrect size (must == 69 chars) in first TLE line\n");
   EXPECT_NE(r.out.find("Example Format:  (NOTE: More than one satellite is allowed in the file)"), std::string::npos);
-  EXPECT_TRUE(json("dump.json")["objects"].empty());
 }
 
 TEST_F(Satellites, UnwritableFolderFailsTheLoadAndTouchesNothing) {
@@ -181,19 +185,8 @@ TEST_F(Satellites, UnwritableFolderFailsTheLoadAndTouchesNothing) {
   ::chmod((work / "locked").c_str(), 0555);
   const std::set<std::string> before = folderEntries("locked");
 
-  const e2e::Outcome r = load(tle);
-  EXPECT_EQ(r.status, 3);
-  std::string warnings = messages(3);
-  EXPECT_NE(warnings.find("Cannot write the ASI file <" + tle + ".asi>"), std::string::npos) << warnings;
-  EXPECT_NE(warnings.find("Fatal error when loading TLE file\n"), std::string::npos) << warnings;
-  EXPECT_TRUE(json("dump.json")["objects"].empty());
-
-  const e2e::Outcome k = load(kp);
-  EXPECT_EQ(k.status, 3);
-  warnings = messages(3);
-  EXPECT_NE(warnings.find("Cannot write the ASI file <" + kp + ".asi>"), std::string::npos) << warnings;
-  EXPECT_NE(warnings.find("Fatal error when loading Kepler file\n"), std::string::npos) << warnings;
-  EXPECT_TRUE(json("dump.json")["objects"].empty());
+  expectFailed(load(tle), "TLE", "Cannot write the ASI file <" + tle + ".asi>: ");
+  expectFailed(load(kp), "Kepler", "Cannot write the ASI file <" + kp + ".asi>: ");
 
   EXPECT_EQ(folderEntries("locked"), before);
   ::chmod((work / "locked").c_str(), 0755);
@@ -236,14 +229,7 @@ TEST_F(Satellites, BallisticShotFliesFromItsLaunchPointToTheGround) {
 TEST_F(Satellites, FaultyKeplerFileFailsOnTheLineNamed) {
   const e2e::Outcome r =
       load(write("bad.kp", "ind 1\ntend 100\ntzero 100\ndt 1\nstatevec 0 20925646.3 0 0 2000 6000 0\n"));
-  EXPECT_EQ(r.status, 3);
-  const std::string warnings = messages(3);
-  EXPECT_NE(warnings.find("Issues detected during conversion of Kepler to ASI:\n"
-                          "Invalid tzero time detected, value < 0 or >= tend.  Line#: 3\n"),
-            std::string::npos)
-      << warnings;
-  EXPECT_NE(warnings.find("Fatal error when loading Kepler file\n"), std::string::npos) << warnings;
-  EXPECT_TRUE(json("dump.json")["objects"].empty());
+  expectFailed(r, "Kepler", "Invalid tzero time detected, value < 0 or >= tend.  Line#: 3\n");
 }
 
 }  // namespace
