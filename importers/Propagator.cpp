@@ -10,8 +10,16 @@
 
 namespace {
 
-bool badBounds(int first, int last, const std::string& line) {
-  return first <= 0 || first >= last || static_cast<int>(line.size()) <= last;
+// Columns `first` to `last` (from 1, inclusive) of a line; false, after a
+// message naming what was asked for, when the line does not hold them.
+bool columns(int first, int last, const std::string& line, const char* what, std::string& text) {
+  if (first <= 0 || first >= last || static_cast<int>(line.size()) <= last) {
+    orvNotify::notify(orvNotify::ERROR_LEVEL) << "Unable to get " << what << " [" << first << ", " << last
+                                              << "] from TLE line: " << line;
+    return false;
+  }
+  text = line.substr(first - 1, last - first + 1);
+  return true;
 }
 
 }  // namespace
@@ -22,21 +30,13 @@ Propagator::Propagator(const std::string& name, const std::string& line1, const 
 Propagator::~Propagator() = default;
 
 double Propagator::getDouble_(int first, int last, const std::string& line) const {
-  if (badBounds(first, last, line)) {
-    orvNotify::notify(orvNotify::ERROR_LEVEL) << "Unable to get double [" << first << ", " << last
-                                              << "] from TLE line: " << line;
-    return 0.0;
-  }
-  return std::atof(line.substr(first - 1, last - first + 1).c_str());
+  std::string text;
+  return columns(first, last, line, "double", text) ? std::atof(text.c_str()) : 0.0;
 }
 
 int Propagator::getInt_(int first, int last, const std::string& line) const {
-  if (badBounds(first, last, line)) {
-    orvNotify::notify(orvNotify::ERROR_LEVEL) << "Unable to get int [" << first << ", " << last
-                                              << "] from TLE line: " << line;
-    return 0;
-  }
-  return std::atoi(line.substr(first - 1, last - first + 1).c_str());
+  std::string text;
+  return columns(first, last, line, "int", text) ? std::atoi(text.c_str()) : 0;
 }
 
 int Propagator::idNumber() const { return getInt_(3, 7, line1_); }
