@@ -174,10 +174,14 @@ void AsiScenarioFile::transmitPlatformData_(const TimeWindowUD& window) {
 }
 
 uint64_t AsiScenarioFile::sameHostPlatform_(const PlatformHeaderUD& h) const {
-  auto it = ids_.find({h.uniqueID, h.originalID});
-  if (it == ids_.end()) return 0;
-  PIData::PIPlatformHeader header;
-  return PIData::getHeader(it->second, header) && header.name == h.callSign ? it->second : 0;
+  // A later file of a feed may leave out the original id (0): the id and the
+  // name still tie it to the earlier platform.
+  for (auto it = ids_.lower_bound({h.uniqueID, 0}); it != ids_.end() && it->first.first == h.uniqueID; ++it) {
+    if (h.originalID != 0 && it->first.second != h.originalID) continue;
+    PIData::PIPlatformHeader header;
+    if (PIData::getHeader(it->second, header) && header.name == h.callSign) return it->second;
+  }
+  return 0;
 }
 
 void AsiScenarioFile::transmitBeamData_(const TimeWindowUD& window) {
