@@ -1,5 +1,7 @@
 #include "importers/ImporterTable.h"
 
+#include "importers/csv/CSVFile.h"
+
 namespace Importers {
 
 // One entry per importer, added with the importer's own files. Order
@@ -9,6 +11,15 @@ namespace Importers {
 // "Unknown CSV file format detected").
 ImporterTable sideFormatImporters() {
   ImporterTable table;
+
+  ImporterEntry range;
+  range.extensions = {".csv"};
+  range.csvMarkers = {"COM,", "SRC,"};
+  range.notice = "Reading SCORE/PMRF CSV file: ";
+  range.fatalText = "Fatal error when loading CSV file\n";
+  range.load = loadRangeFile;
+  table.push_back(range);
+
   return table;
 }
 
