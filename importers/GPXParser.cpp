@@ -12,6 +12,7 @@
 #include "core/TimeCalendar.h"
 #include "document/ConvenienceFuncsUD.h"
 #include "document/ScenarioUD.h"
+#include "importers/ImportTime.h"
 #include "importers/XmlTree.h"
 
 namespace GPX {
@@ -42,12 +43,7 @@ bool digits(const char*& p, long& value) {
 
 // ---------------------------------------------------------------- time
 
-double yearOffset(int fromYear, int toYear) {
-  if (fromYear > toYear) return -yearOffset(toYear, fromYear);
-  double days = 0.0;
-  for (int year = fromYear; year < toYear; ++year) days += orvCore::daysPerYear(year);
-  return days * 86400.0;
-}
+double yearOffset(int fromYear, int toYear) { return Importers::yearOffset(fromYear, toYear); }
 
 bool processTime(const std::string& text, double& seconds, int& year) {
   const char* p = text.c_str();
