@@ -185,7 +185,8 @@ void XmlParser::installHandlers_(XML_ParserStruct* p) {
   XML_SetNamespaceDeclHandler(p, XmlParserAccess::startNs, XmlParserAccess::endNs);
   XML_SetNotStandaloneHandler(p, XmlParserAccess::notStandalone);
   XML_SetExternalEntityRefHandler(p, XmlParserAccess::external);
-  XML_SetUnknownEncodingHandler(p, XmlParserAccess::encoding, nullptr);
+  // This handler gets its own data pointer, not the parser's user data.
+  XML_SetUnknownEncodingHandler(p, XmlParserAccess::encoding, XML_GetUserData(p));
 }
 
 XmlParser::XmlParser(size_t memoryBudget) : budget_(std::make_unique<Budget>(memoryBudget)) {

@@ -164,6 +164,16 @@ TEST(GpxInTheWild, PrefixesExtensionsCdataBomCrlfAndDegreeByte) {
   EXPECT_EQ(platforms[1]->Header()->callSign, "Ridge <walk>");
 }
 
+TEST(GpxInTheWild, AnEncodingExpatLacksReadsAsLatin1) {
+  ScenarioUD scenario;
+  const std::string path = writeFile("gpx_cp1252.gpx",
+                                     "<?xml version=\"1.0\" encoding=\"windows-1252\"?>\n"
+                                     "<gpx><wpt lat=\"1\" lon=\"2\"><desc>Caf\xE9</desc></wpt></gpx>\n");
+  ASSERT_EQ(ParseGPXFile(path, &scenario, false), 0);
+  ASSERT_EQ(scenario.platforms().size(), 1u);
+  EXPECT_EQ(scenario.platforms().begin()->second->Header()->callSign, "Caf\xC3\xA9");
+}
+
 TEST(GpxFaults, WrongRootSyntaxErrorsUnsupportedElementsAndMissingFile) {
   {
     ScenarioUD scenario;
