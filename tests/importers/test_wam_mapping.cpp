@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -50,6 +51,7 @@ TEST(WamMapping, FoundThroughTheEnvironmentInOrder) {
   const std::string base = testing::TempDir() + "wam_mapping_env";
   const std::string user = base + "/user";
   const std::string home = base + "/home";
+  std::filesystem::remove_all(base);  // a file left by an earlier run would be found first
   ASSERT_EQ(UTILS::makePath(user), 0);
   ASSERT_EQ(UTILS::makePath(home + "/config/ORVIDE"), 0);
   std::ofstream(home + "/config/ORVIDE/wamModel.map") << "TRACK home.png\n";
