@@ -1,18 +1,18 @@
 #include "importers/GPXParser.h"
 
 #include <algorithm>
+#include <charconv>
 #include <climits>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <iostream>
 #include <memory>
 
 #include "core/TimeCalendar.h"
 #include "document/ConvenienceFuncsUD.h"
 #include "document/ScenarioUD.h"
-#include "importers/ImportTime.h"
+#include "importers/ImporterSupport.h"
 #include "importers/XmlTree.h"
 
 namespace GPX {
@@ -27,8 +27,19 @@ constexpr int kLastYear = 9999;
 
 void complain(const std::string& text) { writeErrorStreamUD(text); }
 
-double number(const std::string* text) { return text ? std::strtod(text->c_str(), nullptr) : 0.0; }
-double number(const XML::XmlTree* node) { return node ? std::strtod(node->value().c_str(), nullptr) : 0.0; }
+// A number as strtod reads it (leading blanks skipped, what does not read
+// is 0), through from_chars: it is the reader's hottest call.
+double number(const std::string& text) {
+  const char* begin = text.data();
+  const char* end = begin + text.size();
+  while (begin < end && (*begin == ' ' || *begin == '\t' || *begin == '\r' || *begin == '\n')) ++begin;
+  if (begin < end && *begin == '+') ++begin;
+  double value = 0.0;
+  if (std::from_chars(begin, end, value).ec != std::errc()) return std::strtod(text.c_str(), nullptr);
+  return value;
+}
+double number(const std::string* text) { return text ? number(*text) : 0.0; }
+double number(const XML::XmlTree* node) { return node ? number(node->value()) : 0.0; }
 
 // Reads an unsigned run of digits at `p`; false when there is none.
 bool digits(const char*& p, long& value) {
@@ -139,9 +150,11 @@ uint64_t TrackData::sendToASI(int referenceYear) {
   header->iconName = icon_;
   header->callSign = name_;
   header->coordSystem = orvCore::LLA;
+  // A file whose first point is no place on earth leaves the scenario
+  // without an origin; its platforms then have none either.
   const orvCore::CoordinateConverter& converter = scenario_->converter();
-  header->SetReferenceLLA(converter.referenceLat(), converter.referenceLon(),
-                          converter.referenceAlt());
+  if (converter.hasReferenceOrigin())
+    header->SetReferenceLLA(converter.referenceLat(), converter.referenceLon(), converter.referenceAlt());
   auto platform = std::make_unique<PlatformUD>(scenario_, std::move(header));
   PlatformUD* made = platform.get();
   if (made->AddToScenario(scenario_) != UD_NO_ERROR) return 0;
@@ -214,7 +227,7 @@ void GPXTreeParser::rootStarted_(XML::XmlTree& root) {
     stop_();
     return;
   }
-  std::cout << "GPX File: " << fileName_ << '\n';
+  Importers::tellInfo("GPX File: " + fileName_ + "\n");
 }
 
 bool GPXTreeParser::inTrackSegment_() const {
@@ -336,7 +349,8 @@ void escapeDegreeSigns(const char* block, size_t size, unsigned char& previous, 
 
 }  // namespace GPX
 
-int ParseGPXFile(const std::string& fileName, ScenarioUD* scenario, bool append) {
+int ParseGPXFile(const std::string& fileName, ScenarioUD* scenario, bool append,
+                 ScenarioUD::PercentCallback* progress) {
   // Appending needs nothing special: every track becomes a new platform.
   (void)append;
   std::FILE* file = std::fopen(fileName.c_str(), "rb");
@@ -344,14 +358,25 @@ int ParseGPXFile(const std::string& fileName, ScenarioUD* scenario, bool append)
     GPX::complain(std::string("\nERROR: Cannot open input file ") + fileName + "\n");
     return 1;
   }
+  std::fseek(file, 0, SEEK_END);
+  const long size = std::ftell(file);
+  std::fseek(file, 0, SEEK_SET);
   GPX::GPXTreeParser parser(scenario, fileName);
   std::vector<char> block(GPX::kBlockSize);
+  size_t done = 0;
+  int percent = -1;
   std::string escaped;
   unsigned char previous = 0;
   int result = 0;
   for (;;) {
     const size_t got = std::fread(block.data(), 1, block.size(), file);
     const bool last = got < block.size();
+    done += got;
+    const int now = size > 0 ? static_cast<int>(100.0 * static_cast<double>(done) / static_cast<double>(size)) : 100;
+    if (progress && now != percent && progress->updateProgress(percent = now)) {
+      result = UD_USER_CANCEL;
+      break;
+    }
     bool parsed = false;
     if (std::memchr(block.data(), 0xB0, got) == nullptr) {
       parsed = parser.parse(block.data(), got, last);
@@ -372,6 +397,6 @@ int ParseGPXFile(const std::string& fileName, ScenarioUD* scenario, bool append)
   std::fclose(file);
   if (result == 0 && parser.wrongRoot()) result = 3;
   // What was read before a fault is kept: the caller decides.
-  parser.finish();
+  if (result != UD_USER_CANCEL) parser.finish();
   return result;
 }

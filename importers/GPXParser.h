@@ -2,16 +2,15 @@
 // The GPS exchange file reader: every track of a GPX file becomes a platform
 // "GPS TRK" and every waypoint a platform "GPS WPT" of a ScenarioUD.
 //
-// Messages: "GPX File: <name>" on standard output; faults (XML errors, a
-// root other than "gpx", unsupported elements, unreadable times) on the
-// document's error stream, which is standard error unless the caller
-// gathers it.
+// Messages: "GPX File: <name>" on the importers' info stream; faults (XML
+// errors, a root other than "gpx", unsupported elements, unreadable times)
+// on the document's error stream.
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
-class ScenarioUD;
+#include "document/ScenarioUD.h"
 
 namespace GPX {
 
@@ -77,7 +76,9 @@ std::string waypointIcon(const std::string& symbol);
 
 }  // namespace GPX
 
-// Reads a GPX file into `scenario`: 0 on success, non-zero when the file
-// can't be opened, isn't well-formed XML or hasn't the root "gpx". What was
-// read before a fault stays in the scenario.
-int ParseGPXFile(const std::string& fileName, ScenarioUD* scenario, bool append);
+// Reads a GPX file into `scenario`: 0 on success, UD_USER_CANCEL when
+// `progress` (percent of the file read) answers true, another non-zero
+// value when the file can't be opened, isn't well-formed XML or hasn't the
+// root "gpx". What was read before a fault stays in the scenario.
+int ParseGPXFile(const std::string& fileName, ScenarioUD* scenario, bool append,
+                 ScenarioUD::PercentCallback* progress = nullptr);

@@ -208,7 +208,8 @@ int PETFile::ParseDataLine(const std::vector<std::string>& tokens, ScenarioUD* s
   return updatePlatformTable(tokens, platform, time);
 }
 
-int PETFile::ParsePETFile(const std::string& fileName, ScenarioUD* scenario, double timeOffset, bool, bool) {
+int PETFile::ParsePETFile(const std::string& fileName, ScenarioUD* scenario, double timeOffset, bool, bool,
+                          ScenarioUD::PercentCallback* progress) {
   clearColumns();
   platforms_.clear();
   originSet_ = false;
@@ -232,8 +233,14 @@ int PETFile::ParsePETFile(const std::string& fileName, ScenarioUD* scenario, dou
   const std::streampos data = in.tellg();
   typeColumns_(in);
   in.clear();
+  in.seekg(0, std::ios::end);
+  const double size = static_cast<double>(in.tellg());
   in.seekg(data);
-  while (nextLine(in, line))
+  for (size_t number = 1; nextLine(in, line); ++number) {
+    if (progress && number % 1024 == 0 && size > 0 &&
+        progress->updateProgress(static_cast<int>(100.0 * static_cast<double>(in.tellg()) / size)))
+      return UD_USER_CANCEL;
     if (int result = ParseDataLine(splitRow(line), scenario, timeOffset)) return result;
+  }
   return 0;
 }

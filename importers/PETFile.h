@@ -14,10 +14,7 @@
 #include <vector>
 
 #include "core/VariableType.h"
-
-class DataTable;
-class PlatformUD;
-class ScenarioUD;
+#include "document/ScenarioUD.h"
 
 struct PETColumn {
   std::string name;
@@ -43,8 +40,10 @@ class PETFile {
   ~PETFile();
 
   // Reads a file into `scenario`, every row's time moved by `timeOffset`;
-  // the two flags are kept for callers and change nothing. 0 on success.
-  int ParsePETFile(const std::string& fileName, ScenarioUD* scenario, double timeOffset, bool, bool);
+  // the two flags are kept for callers and change nothing. 0 on success,
+  // UD_USER_CANCEL when `progress` (percent of the file read) answers true.
+  int ParsePETFile(const std::string& fileName, ScenarioUD* scenario, double timeOffset, bool, bool,
+                   ScenarioUD::PercentCallback* progress = nullptr);
 
   // The steps of a read, each 0 on success.
   int ParseVersionLine(const std::vector<std::string>& tokens);

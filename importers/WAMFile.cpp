@@ -1,14 +1,13 @@
 #include "importers/WAMFile.h"
 
 #include <cmath>
-#include <iostream>
 #include <map>
 #include <memory>
 #include <sstream>
 
 #include "document/ConvenienceFuncsUD.h"
 #include "document/ScenarioUD.h"
-#include "importers/ImportTime.h"
+#include "importers/ImporterSupport.h"
 #include "importers/wam/WAMLibrary.h"
 #include "importers/wam/WAMMapping.h"
 
@@ -153,19 +152,22 @@ bool TrackConverter::convert(const WAMPlatform& platform) {
       ok = false;
     addPointCategories_(id, time, point, lastCategories);
   }
+  // A track that vanishes whole is worth a warning; the counts are progress.
   if (made == nullptr) {
-    std::cout << name << " dropped due to no valid points!\n";
+    writeErrorStreamUD(name + " dropped due to no valid points!\n");
     return ok;
   }
-  std::cout << name << " Points Processed: " << platform.points.size() << '\n';
+  std::ostringstream summary;
+  summary << name << " Points Processed: " << platform.points.size() << '\n';
   if (dropped.time || dropped.speed || dropped.position || dropped.localTQ) {
-    std::cout << "  Dropped by";
-    if (dropped.time) std::cout << " Time: " << dropped.time;
-    if (dropped.speed) std::cout << " Speed: " << dropped.speed;
-    if (dropped.position) std::cout << " Position: " << dropped.position;
-    if (dropped.localTQ) std::cout << " Local TQ: " << dropped.localTQ;
-    std::cout << '\n';
+    summary << "  Dropped by";
+    if (dropped.time) summary << " Time: " << dropped.time;
+    if (dropped.speed) summary << " Speed: " << dropped.speed;
+    if (dropped.position) summary << " Position: " << dropped.position;
+    if (dropped.localTQ) summary << " Local TQ: " << dropped.localTQ;
+    summary << '\n';
   }
+  Importers::tellInfo(summary.str());
   return ok;
 }
 
@@ -186,10 +188,11 @@ bool convertWAMFile(ScenarioUD* scenario, const WAMLib::WAMLibrary& library, con
 }
 
 int ParseWAMFile(const std::string& fileName, ScenarioUD* scenario) {
-  std::cout << "Parsing WAM File : " << fileName << '\n';
-  std::ostringstream errors;
+  Importers::tellInfo("Parsing WAM File : " + fileName + "\n");
+  std::ostringstream errors, info;
   WAMLib::WAMMapping mapping;
-  mapping.load(std::cout, errors);
+  mapping.load(info, errors);
+  Importers::tellInfo(info.str());
   WAMLib::WAMLibrary library;
   const int dropped = library.parseFile(fileName, errors);
   if (dropped < 0 || library.recordCount() == 0) {

@@ -23,9 +23,27 @@ const char* localPart(const char* name) {
   return colon ? colon + 1 : name;
 }
 
+// ASCII comparison without regard to case of `text` (of `length`) and a
+// terminated `name`.
+bool sameName(const char* text, size_t length, const char* name) {
+  for (size_t i = 0; i < length; ++i, ++name) {
+    if (*name == '\0') return false;
+    char a = text[i], b = *name;
+    if (a >= 'A' && a <= 'Z') a = static_cast<char>(a - 'A' + 'a');
+    if (b >= 'A' && b <= 'Z') b = static_cast<char>(b - 'A' + 'a');
+    if (a != b) return false;
+  }
+  return *name == '\0';
+}
+
 }  // namespace
 
 // ---------------------------------------------------------------- XmlTree
+
+XmlTree::XmlTree(std::string name, unsigned long line) : name_(std::move(name)), line_(line) {
+  const size_t colon = name_.rfind(':');
+  localStart_ = colon == std::string::npos ? 0 : colon + 1;
+}
 
 XmlTree::~XmlTree() {
   // Move every descendant into one list before it dies, so that a tree of
@@ -40,9 +58,11 @@ XmlTree::~XmlTree() {
   }
 }
 
-std::string XmlTree::localName() const { return localPart(name_.c_str()); }
+std::string XmlTree::localName() const { return name_.substr(localStart_); }
 
-bool XmlTree::is(const char* name) const { return strcasecmp(localPart(name_.c_str()), name) == 0; }
+bool XmlTree::is(const char* name) const {
+  return sameName(name_.data() + localStart_, name_.size() - localStart_, name);
+}
 
 std::string XmlTree::trimmedValue() const {
   size_t begin = 0, end = value_.size();
@@ -52,8 +72,10 @@ std::string XmlTree::trimmedValue() const {
 }
 
 const std::string* XmlTree::attribute(const char* name) const {
-  for (const auto& attribute : attributes_)
-    if (strcasecmp(localPart(attribute.first.c_str()), name) == 0) return &attribute.second;
+  for (const auto& attribute : attributes_) {
+    const char* local = localPart(attribute.first.c_str());
+    if (sameName(local, std::strlen(local), name)) return &attribute.second;
+  }
   return nullptr;
 }
 
@@ -286,7 +308,15 @@ long long nodeCost(const XmlTree& node) {
 }
 
 long long subtreeCost(const XmlTree& top) {
-  long long cost = 0;
+  // Most elements that are dropped hold leaves only: no list needed.
+  long long cost = nodeCost(top);
+  bool leavesOnly = true;
+  for (const auto& child : top.children()) {
+    if (!child->children().empty()) leavesOnly = false;
+    cost += nodeCost(*child);
+  }
+  if (leavesOnly) return cost;
+  cost = 0;
   std::vector<const XmlTree*> pending{&top};
   while (!pending.empty()) {
     const XmlTree* node = pending.back();

@@ -22,7 +22,7 @@ namespace XML {
 // and child elements in document order, and the line of its start tag.
 class XmlTree {
  public:
-  XmlTree(std::string name, unsigned long line) : name_(std::move(name)), line_(line) {}
+  XmlTree(std::string name, unsigned long line);
   // Frees the subtree without recursing, so that any depth is safe.
   ~XmlTree();
   XmlTree(const XmlTree&) = delete;
@@ -53,6 +53,7 @@ class XmlTree {
 
  private:
   std::string name_;
+  size_t localStart_;  // where the name's local part begins
   std::string value_;
   unsigned long line_;
   std::vector<std::pair<std::string, std::string>> attributes_;
