@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "document/ScenarioUD.h"
+#include "document/ImporterEntry.h"
 
 namespace GPX {
 
@@ -82,3 +83,6 @@ std::string waypointIcon(const std::string& symbol);
 // root "gpx". What was read before a fault stays in the scenario.
 int ParseGPXFile(const std::string& fileName, ScenarioUD* scenario, bool append,
                  ScenarioUD::PercentCallback* progress = nullptr);
+
+// The ".gpx" entry of the importer table.
+ImporterEntry gpxImporter();

@@ -1,5 +1,9 @@
 #include "importers/ImporterTable.h"
 
+#include "importers/GPXParser.h"
+#include "importers/PETFile.h"
+#include "importers/WAMFile.h"
+
 namespace Importers {
 
 // One entry per importer, added with the importer's own files. Order
@@ -9,6 +13,9 @@ namespace Importers {
 // "Unknown CSV file format detected").
 ImporterTable sideFormatImporters() {
   ImporterTable table;
+  table.push_back(petImporter());  // before the SCORE/PMRF entry: both read ".csv"
+  table.push_back(gpxImporter());
+  table.push_back(wamImporter());
   return table;
 }
 

@@ -244,3 +244,17 @@ int PETFile::ParsePETFile(const std::string& fileName, ScenarioUD* scenario, dou
   }
   return 0;
 }
+
+ImporterEntry petImporter() {
+  ImporterEntry entry;
+  entry.extensions = {".pet", ".csv"};
+  entry.csvMarkers = {"PET CSV"};
+  entry.notice = "Reading PET file: ";
+  entry.fatalText = "Fatal error when loading PET file\n";
+  entry.load = [](const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress) {
+    PETFile reader;
+    const int result = reader.ParsePETFile(path, &scenario, 0.0, false, true, progress);
+    return result == 0 || result == UD_USER_CANCEL ? result : static_cast<int>(UD_FATAL);
+  };
+  return entry;
+}

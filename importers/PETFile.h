@@ -15,6 +15,7 @@
 
 #include "core/VariableType.h"
 #include "document/ScenarioUD.h"
+#include "document/ImporterEntry.h"
 
 struct PETColumn {
   std::string name;
@@ -70,3 +71,7 @@ class PETFile {
   std::map<std::string, PETPlatform> platforms_;
   bool originSet_ = false;
 };
+
+// The entry of the importer table for ".pet" files and ".csv" files whose
+// first line holds "PET CSV".
+ImporterEntry petImporter();

@@ -187,14 +187,17 @@ bool convertWAMFile(ScenarioUD* scenario, const WAMLib::WAMLibrary& library, con
   return ok;
 }
 
-int ParseWAMFile(const std::string& fileName, ScenarioUD* scenario) {
+int ParseWAMFile(const std::string& fileName, ScenarioUD* scenario, ScenarioUD::PercentCallback* progress) {
   Importers::tellInfo("Parsing WAM File : " + fileName + "\n");
   std::ostringstream errors, info;
   WAMLib::WAMMapping mapping;
   mapping.load(info, errors);
   Importers::tellInfo(info.str());
   WAMLib::WAMLibrary library;
-  const int dropped = library.parseFile(fileName, errors);
+  WAMLib::WAMLibrary::Progress told;
+  if (progress) told = [progress](int percent) { return progress->updateProgress(percent); };
+  const int dropped = library.parseFile(fileName, errors, told);
+  if (dropped == WAMLib::WAMLibrary::kCanceled) return UD_USER_CANCEL;
   if (dropped < 0 || library.recordCount() == 0) {
     if (dropped >= 0) errors << "Empty WAM data file encountered.\n";
     writeErrorStreamUD(errors.str());
@@ -210,4 +213,16 @@ int ParseWAMFile(const std::string& fileName, ScenarioUD* scenario) {
     errors << "File encountered errors while loading: " << fileName << '\n';
   writeErrorStreamUD(errors.str());
   return 0;
+}
+
+ImporterEntry wamImporter() {
+  ImporterEntry entry;
+  entry.extensions = {".wam"};
+  entry.notice = "Reading WAM file: ";
+  entry.fatalText = "Fatal error when loading WAM file\n";
+  entry.load = [](const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress) {
+    const int result = ParseWAMFile(path, &scenario, progress);
+    return result == 0 || result == UD_USER_CANCEL ? result : static_cast<int>(UD_FATAL);
+  };
+  return entry;
 }

@@ -10,7 +10,8 @@
 #include <cstdint>
 #include <string>
 
-class ScenarioUD;
+#include "document/ImporterEntry.h"
+#include "document/ScenarioUD.h"
 
 namespace WAMLib {
 class WAMLibrary;
@@ -19,8 +20,10 @@ class WAMPlatform;
 }  // namespace WAMLib
 
 // Reads a WAM file; the mapping file is looked up through the environment.
-// 0 on success; non-zero when the file can't be read or holds no record.
-int ParseWAMFile(const std::string& fileName, ScenarioUD* scenario);
+// 0 on success; UD_USER_CANCEL when `progress` (percent of the file read)
+// answers true; another non-zero value when the file can't be read or
+// holds no record.
+int ParseWAMFile(const std::string& fileName, ScenarioUD* scenario, ScenarioUD::PercentCallback* progress = nullptr);
 
 // The platforms of every track with at least one point that passes the
 // filters. False when any state was refused by the document.
@@ -28,3 +31,6 @@ bool convertWAMFile(ScenarioUD* scenario, const WAMLib::WAMLibrary& library, con
 
 // The track's name, else its unit and track, else "Unknown Track".
 std::string getPlatformName(const WAMLib::WAMPlatform* platform);
+
+// The ".wam" entry of the importer table.
+ImporterEntry wamImporter();

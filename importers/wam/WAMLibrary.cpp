@@ -69,10 +69,19 @@ bool WAMLibrary::parseLine_(const std::string& line, std::ostream& errors) {
   return true;
 }
 
-int WAMLibrary::parseStream(std::istream& in, std::ostream& errors) {
+int WAMLibrary::parseStream(std::istream& in, std::ostream& errors, const Progress& progress) {
+  std::streamoff size = -1;
+  if (progress) {
+    in.seekg(0, std::ios::end);
+    size = in.tellg();
+    in.seekg(0, std::ios::beg);
+  }
   int dropped = 0;
   std::string line;
-  while (std::getline(in, line)) {
+  for (size_t number = 1; std::getline(in, line); ++number) {
+    if (progress && number % 4096 == 0 && size > 0 &&
+        progress(static_cast<int>(100.0 * static_cast<double>(in.tellg()) / static_cast<double>(size))))
+      return kCanceled;
     while (!line.empty() && (line.back() == '\r' || line.back() == '\n' || line.back() == ' ' || line.back() == '\t'))
       line.pop_back();
     if (line.empty()) continue;
@@ -81,13 +90,13 @@ int WAMLibrary::parseStream(std::istream& in, std::ostream& errors) {
   return dropped;
 }
 
-int WAMLibrary::parseFile(const std::string& fileName, std::ostream& errors) {
+int WAMLibrary::parseFile(const std::string& fileName, std::ostream& errors, const Progress& progress) {
   std::ifstream in(fileName, std::ios::binary);
   if (!in) {
     errors << "Unable to open WAM file: " << fileName << '\n';
-    return -1;
+    return kCannotOpen;
   }
-  return parseStream(in, errors);
+  return parseStream(in, errors, progress);
 }
 
 }  // namespace WAMLib

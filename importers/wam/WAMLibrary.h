@@ -2,6 +2,7 @@
 // A WAM log read into tracks: every record of the file, grouped by the
 // unit and track that it names.
 
+#include <functional>
 #include <iosfwd>
 #include <map>
 #include <memory>
@@ -25,10 +26,15 @@ class WAMPlatform {
 
 class WAMLibrary {
  public:
-  // Reads a file; the result is the number of lines that were dropped, or
-  // -1 when the file can't be opened. Faults go to `errors`.
-  int parseFile(const std::string& fileName, std::ostream& errors);
-  int parseStream(std::istream& in, std::ostream& errors);
+  // Told the percent of the file read now and then; true cancels the read.
+  using Progress = std::function<bool(int percent)>;
+  static constexpr int kCannotOpen = -1;
+  static constexpr int kCanceled = -2;
+
+  // Reads a file; the result is the number of lines that were dropped,
+  // kCannotOpen or kCanceled. Faults go to `errors`.
+  int parseFile(const std::string& fileName, std::ostream& errors, const Progress& progress = nullptr);
+  int parseStream(std::istream& in, std::ostream& errors, const Progress& progress = nullptr);
   const std::map<std::string, WAMPlatform>& platforms() const { return platforms_; }
   size_t recordCount() const { return records_; }
   // The smallest year of any point; 0 without points.
