@@ -42,12 +42,12 @@ double number(const std::string* text) { return text ? number(*text) : 0.0; }
 double number(const XML::XmlTree* node) { return node ? number(node->value()) : 0.0; }
 
 // Reads an unsigned run of digits at `p`; false when there is none.
+// (Each time of a track point passes here: plain digits, not strtol.)
 bool digits(const char*& p, long& value) {
-  char* end = nullptr;
-  value = std::strtol(p, &end, 10);
-  if (end == p) return false;
-  p = end;
-  return true;
+  const char* start = p;
+  value = 0;
+  while (*p >= '0' && *p <= '9' && p - start < 9) value = value * 10 + (*p++ - '0');
+  return p != start;
 }
 
 }  // namespace
@@ -198,8 +198,8 @@ class GPXTreeParser : public XML::XmlTreeParser {
       : scenario_(scenario), fileName_(std::move(fileName)) {}
 
   bool wrongRoot() const { return wrongRoot_; }
-  // Sends every track in file order; the reference year is the earliest
-  // year of any timed point, else the file's own time, else the scenario's.
+  // At the end of the file: a file of waypoints only takes the year of the
+  // file's own time.
   void finish();
 
  protected:
@@ -211,13 +211,21 @@ class GPXTreeParser : public XML::XmlTreeParser {
   void track_(const XML::XmlTree& track);
   void waypoint_(const XML::XmlTree& waypoint);
   bool inTrackSegment_() const;
+  // Makes the platform of a track or waypoint as soon as it is read. The
+  // first timed track sets the reference year; a later one that starts in
+  // an earlier year moves what was sent onto that year, so that no time is
+  // negative and none is lost.
+  void send_(std::unique_ptr<TrackData> track);
+  void rebase_(int year);
 
   ScenarioUD* scenario_;
   std::string fileName_;
   bool wrongRoot_ = false;
   int fileYear_ = 0;
+  bool started_ = false;
+  int referenceYear_ = 0;        // 0 until a timed track has set it
+  std::vector<uint64_t> timed_;  // platforms whose times count from referenceYear_
   std::unique_ptr<TrackData> track_in_;  // the track being read
-  std::vector<std::unique_ptr<TrackData>> tracks_;
 };
 
 void GPXTreeParser::rootStarted_(XML::XmlTree& root) {
@@ -263,7 +271,15 @@ bool GPXTreeParser::elementEnded_(XML::XmlTree& element, size_t depth) {
 
 void GPXTreeParser::trackPoint_(const XML::XmlTree& point) {
   if (!track_in_) track_in_ = std::make_unique<TrackData>(scenario_, false, "GPS TRK", "GPX trk");
-  const XML::XmlTree* time = point.child("time");
+  // One pass over the children: a point has a handful.
+  const XML::XmlTree *time = nullptr, *elevation = nullptr, *course = nullptr, *speed = nullptr;
+  for (const auto& child : point.children()) {
+    const XML::XmlTree* node = child.get();
+    if (!time && node->is("time")) time = node;
+    else if (!elevation && node->is("ele")) elevation = node;
+    else if (!course && node->is("course")) course = node;
+    else if (!speed && node->is("speed")) speed = node;
+  }
   if (time == nullptr) return;
   double seconds = 0.0;
   int year = 0;
@@ -272,11 +288,9 @@ void GPXTreeParser::trackPoint_(const XML::XmlTree& point) {
              ": point skipped\n");
     return;
   }
-  const XML::XmlTree* course = point.child("course");
-  const XML::XmlTree* speed = point.child("speed");
   track_in_->addData(seconds, year, number(point.attribute("lat")) * kDegToRad,
-                     number(point.attribute("lon")) * kDegToRad, number(point.child("ele")),
-                     number(course) * kDegToRad, number(speed), course != nullptr, speed != nullptr);
+                     number(point.attribute("lon")) * kDegToRad, number(elevation), number(course) * kDegToRad,
+                     number(speed), course != nullptr, speed != nullptr);
 }
 
 void GPXTreeParser::track_(const XML::XmlTree& track) {
@@ -286,7 +300,7 @@ void GPXTreeParser::track_(const XML::XmlTree& track) {
     const std::string text = name->trimmedValue();
     if (!text.empty()) data->setName(text);
   }
-  tracks_.push_back(std::move(data));
+  send_(std::move(data));
 }
 
 void GPXTreeParser::waypoint_(const XML::XmlTree& waypoint) {
@@ -306,28 +320,49 @@ void GPXTreeParser::waypoint_(const XML::XmlTree& waypoint) {
   if (const XML::XmlTree* symbol = waypoint.child("sym")) data->setIcon(waypointIcon(symbol->trimmedValue()));
   data->addData(0.0, 0, number(lat) * kDegToRad, number(lon) * kDegToRad, number(waypoint.child("ele")), 0.0, 0.0,
                 false, false);
-  tracks_.push_back(std::move(data));
+  send_(std::move(data));
+}
+
+void GPXTreeParser::send_(std::unique_ptr<TrackData> track) {
+  double origin[3];
+  if (!track->getOriginLLA(origin)) return;
+  if (!started_) {
+    started_ = true;
+    scenario_->setLatLonAlt(origin[0], origin[1], 0.0);
+    scenario_->setCoordSystem(orvCore::LLA);
+    scenario_->setClassification("UNCLASSIFIED", 0x8000ff00u);
+    scenario_->setDesc(fileName_);
+  }
+  const int year = track->smallestYear();
+  const bool timed = year != INT_MAX;
+  if (timed && referenceYear_ == 0) {
+    referenceYear_ = year;
+    scenario_->setReferenceYear(year);
+  } else if (timed && year < referenceYear_) {
+    rebase_(year);
+  }
+  const uint64_t id = track->sendToASI(referenceYear_ ? referenceYear_ : scenario_->referenceYear());
+  if (id != 0 && timed) timed_.push_back(id);
+}
+
+void GPXTreeParser::rebase_(int year) {
+  const double shift = yearOffset(year, referenceYear_);
+  for (uint64_t id : timed_) {
+    LinearPlatMotionUD* motion = scenario_->findPlatform(id)->Motion();
+    std::vector<MotionStateUD> states;
+    for (const auto& entry : motion->states()) states.push_back(entry.second);
+    for (const MotionStateUD& state : states) motion->DeleteItem(state.time);
+    for (MotionStateUD& state : states) {
+      state.time += shift;
+      motion->AddState(std::move(state));
+    }
+  }
+  referenceYear_ = year;
+  scenario_->setReferenceYear(year);
 }
 
 void GPXTreeParser::finish() {
-  int referenceYear = INT_MAX;
-  for (const auto& track : tracks_) referenceYear = std::min(referenceYear, track->smallestYear());
-  if (referenceYear == INT_MAX) referenceYear = fileYear_ > 0 ? fileYear_ : scenario_->referenceYear();
-  bool first = true;
-  for (const auto& track : tracks_) {
-    double origin[3];
-    if (!track->getOriginLLA(origin)) continue;
-    if (first) {
-      first = false;
-      scenario_->setLatLonAlt(origin[0], origin[1], 0.0);
-      scenario_->setCoordSystem(orvCore::LLA);
-      scenario_->setReferenceYear(referenceYear);
-      scenario_->setClassification("UNCLASSIFIED", 0x8000ff00u);
-      scenario_->setDesc(fileName_);
-    }
-    track->sendToASI(referenceYear);
-  }
-  tracks_.clear();
+  if (started_ && referenceYear_ == 0 && fileYear_ > 0) scenario_->setReferenceYear(fileYear_);
 }
 
 // A Latin-1 degree sign (0xB0) that is not part of a UTF-8 sequence would

@@ -85,7 +85,36 @@ const XmlTree* XmlTree::child(const char* name) const {
   return nullptr;
 }
 
+std::unique_ptr<XmlTree> XmlTree::releaseLastChild() {
+  std::unique_ptr<XmlTree> child = std::move(children_.back());
+  children_.pop_back();
+  return child;
+}
+
+void XmlTree::reuse(const char* name, const char** attributes, unsigned long line,
+                    std::vector<std::unique_ptr<XmlTree>>& spare, size_t keep) {
+  name_.assign(name);
+  const size_t colon = name_.rfind(':');
+  localStart_ = colon == std::string::npos ? 0 : colon + 1;
+  line_ = line;
+  value_.clear();
+  size_t count = 0;
+  for (const char** a = attributes; a && a[0]; a += 2, ++count) {
+    if (count < attributes_.size()) {
+      attributes_[count].first.assign(a[0]);
+      attributes_[count].second.assign(a[1]);
+    } else {
+      attributes_.emplace_back(a[0], a[1]);
+    }
+  }
+  attributes_.resize(count);
+  for (auto& child : children_)
+    if (spare.size() < keep) spare.push_back(std::move(child));
+  children_.clear();
+}
+
 XmlTree* XmlTree::addChild(std::unique_ptr<XmlTree> child) {
+  if (children_.empty()) children_.reserve(4);
   children_.push_back(std::move(child));
   return children_.back().get();
 }
@@ -336,8 +365,17 @@ bool allBlank(const std::string& text) {
 }  // namespace
 
 void XmlTreeParser::startElementHandler_(const char* name, const char** attributes) {
-  auto node = std::make_unique<XmlTree>(name, currentLine());
-  for (const char** a = attributes; a && a[0]; a += 2) node->addAttribute(a[0], a[1]);
+  // Elements that were used up and dropped come back here: a long file of
+  // like elements then makes its nodes once.
+  std::unique_ptr<XmlTree> node;
+  if (spare_.empty()) {
+    node = std::make_unique<XmlTree>(name, currentLine());
+    for (const char** a = attributes; a && a[0]; a += 2) node->addAttribute(a[0], a[1]);
+  } else {
+    node = std::move(spare_.back());
+    spare_.pop_back();
+    node->reuse(name, attributes, currentLine(), spare_, kSpareNodes);
+  }
   if (!charge_(nodeCost(*node))) return stopOutOfMemory_();
   XmlTree* added = nullptr;
   if (open_.empty()) {
@@ -364,7 +402,8 @@ void XmlTreeParser::endElementHandler_(const char*) {
   if (!elementEnded_(*element, open_.size()) || open_.empty()) return;
   // Whatever the element kept goes back to the budget with it.
   charge_(-subtreeCost(*element));
-  open_.back()->removeLastChild();
+  std::unique_ptr<XmlTree> dropped = open_.back()->releaseLastChild();
+  if (spare_.size() < kSpareNodes) spare_.push_back(std::move(dropped));
 }
 
 void XmlTreeParser::characterDataHandler_(const char* text, int length) {

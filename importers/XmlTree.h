@@ -48,8 +48,13 @@ class XmlTree {
   void clearValue() { value_.clear(); }
   void addAttribute(std::string name, std::string value) { attributes_.emplace_back(std::move(name), std::move(value)); }
   XmlTree* addChild(std::unique_ptr<XmlTree> child);
-  // Drops the last child (the one whose end tag was just read).
-  void removeLastChild() { children_.pop_back(); }
+  // Takes out the last child (the one whose end tag was just read).
+  std::unique_ptr<XmlTree> releaseLastChild();
+  // Makes the node a new element of that name and attributes (expat's
+  // name-value list), keeping the memory that its texts and lists hold;
+  // its children are moved to `spare` while it holds fewer than `keep`.
+  void reuse(const char* name, const char** attributes, unsigned long line,
+             std::vector<std::unique_ptr<XmlTree>>& spare, size_t keep);
 
  private:
   std::string name_;
@@ -145,8 +150,11 @@ class XmlTreeParser : public XmlParser {
   int unknownEncodingHandler_(const char* name, void* info) override;
 
  private:
+  static constexpr size_t kSpareNodes = 64;
+
   std::unique_ptr<XmlTree> root_;
   std::vector<XmlTree*> open_;  // root first
+  std::vector<std::unique_ptr<XmlTree>> spare_;  // dropped nodes, made over for new elements
 };
 
 }  // namespace XML
