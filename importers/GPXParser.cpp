@@ -171,6 +171,11 @@ uint64_t TrackData::sendToASI(int referenceYear) {
   }
   points_.clear();
   points_.shrink_to_fit();
+  // Points that the document refused all (no place on earth) leave nothing to show.
+  if (made->Motion()->Size() == 0) {
+    scenario_->deletePlatform(id);
+    return 0;
+  }
   return id;
 }
 
@@ -288,9 +293,11 @@ void GPXTreeParser::trackPoint_(const XML::XmlTree& point) {
              ": point skipped\n");
     return;
   }
+  double heading = 0.0;
+  const bool hasCourse = course != nullptr && Importers::courseRadians(number(course), heading);
   track_in_->addData(seconds, year, number(point.attribute("lat")) * kDegToRad,
-                     number(point.attribute("lon")) * kDegToRad, number(elevation), number(course) * kDegToRad,
-                     number(speed), course != nullptr, speed != nullptr);
+                     number(point.attribute("lon")) * kDegToRad, number(elevation), heading, number(speed), hasCourse,
+                     speed != nullptr);
 }
 
 void GPXTreeParser::track_(const XML::XmlTree& track) {
@@ -397,15 +404,22 @@ int ParseGPXFile(const std::string& fileName, ScenarioUD* scenario, bool append,
   const long size = std::ftell(file);
   std::fseek(file, 0, SEEK_SET);
   GPX::GPXTreeParser parser(scenario, fileName);
-  std::vector<char> block(GPX::kBlockSize);
   size_t done = 0;
   int percent = -1;
   std::string escaped;
   unsigned char previous = 0;
   int result = 0;
   for (;;) {
-    const size_t got = std::fread(block.data(), 1, block.size(), file);
-    const bool last = got < block.size();
+    // Blocks are read straight into expat's buffer.
+    char* block = parser.buffer(GPX::kBlockSize);
+    if (block == nullptr) {
+      GPX::complain("XML Parser Error: " + parser.errorText() + " at line " + std::to_string(parser.errorLine()) +
+                    "\n");
+      result = 2;
+      break;
+    }
+    const size_t got = std::fread(block, 1, GPX::kBlockSize, file);
+    const bool last = got < GPX::kBlockSize;
     done += got;
     const int now = size > 0 ? static_cast<int>(100.0 * static_cast<double>(done) / static_cast<double>(size)) : 100;
     if (progress && now != percent && progress->updateProgress(percent = now)) {
@@ -413,11 +427,11 @@ int ParseGPXFile(const std::string& fileName, ScenarioUD* scenario, bool append,
       break;
     }
     bool parsed = false;
-    if (std::memchr(block.data(), 0xB0, got) == nullptr) {
-      parsed = parser.parse(block.data(), got, last);
+    if (std::memchr(block, 0xB0, got) == nullptr) {
       if (got > 0) previous = static_cast<unsigned char>(block[got - 1]);
+      parsed = parser.parseBuffer(got, last);
     } else {
-      GPX::escapeDegreeSigns(block.data(), got, previous, escaped);
+      GPX::escapeDegreeSigns(block, got, previous, escaped);
       parsed = parser.parse(escaped.data(), escaped.size(), last);
     }
     if (!parsed) {

@@ -1,5 +1,6 @@
 #include "importers/ImporterSupport.h"
 
+#include <cmath>
 #include <ostream>
 
 #include "core/TimeCalendar.h"
@@ -15,6 +16,15 @@ double yearOffset(int fromYear, int toYear) {
   double days = 0.0;
   for (int year = fromYear; year < toYear; ++year) days += orvCore::daysPerYear(year);
   return days * 86400.0;
+}
+
+bool courseRadians(double degrees, double& radians) {
+  if (!std::isfinite(degrees)) return false;
+  double turned = std::fmod(degrees, 360.0);
+  if (turned < 0.0) turned += 360.0;
+  radians = turned * M_PI / 180.0;
+  if (radians >= 2.0 * M_PI) radians = 0.0;
+  return true;
 }
 
 std::ostream* setInfoStream(std::ostream* stream) {

@@ -146,13 +146,18 @@ bool TrackConverter::convert(const WAMPlatform& platform) {
     }
     const double time = absoluteTime_(point);
     const double position[3] = {point.latitude * kDegToRad, point.longitude * kDegToRad, point.altitude};
-    const double orientation[3] = {point.course * kDegToRad, 0.0, 0.0};
-    if (made->AddState(time, position, point.hasCourse ? orientation : nullptr,
+    double orientation[3] = {0.0, 0.0, 0.0};
+    const bool hasCourse = point.hasCourse && Importers::courseRadians(point.course, orientation[0]);
+    if (made->AddState(time, position, hasCourse ? orientation : nullptr,
                        point.hasSpeed ? point.speed * kKnotsToMetresPerSecond : -1.0) != UD_NO_ERROR)
       ok = false;
     addPointCategories_(id, time, point, lastCategories);
   }
   // A track that vanishes whole is worth a warning; the counts are progress.
+  if (made != nullptr && made->Motion()->Size() == 0) {
+    scenario_->deletePlatform(id);
+    made = nullptr;
+  }
   if (made == nullptr) {
     writeErrorStreamUD(name + " dropped due to no valid points!\n");
     return ok;

@@ -274,6 +274,18 @@ bool XmlParser::parse(const char* data, size_t size, bool last) {
   return true;
 }
 
+char* XmlParser::buffer(size_t size) {
+  if (parser_ == nullptr || size > (1u << 30)) return nullptr;
+  Budget::Scope scope(budget_.get());
+  return static_cast<char*>(XML_GetBuffer(parser_, static_cast<int>(size)));
+}
+
+bool XmlParser::parseBuffer(size_t size, bool last) {
+  if (parser_ == nullptr) return false;
+  Budget::Scope scope(budget_.get());
+  return XML_ParseBuffer(parser_, static_cast<int>(size), last) == XML_STATUS_OK;
+}
+
 std::string XmlParser::errorText() const {
   if (outOfMemory_) return XML_ErrorString(XML_ERROR_NO_MEMORY);
   if (parser_ == nullptr) return XML_ErrorString(XML_ERROR_NO_MEMORY);

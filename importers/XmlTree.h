@@ -78,6 +78,11 @@ class XmlParser {
   // Feeds one block; `last` marks the end of the input. False on an error,
   // after which errorText() and errorLine() tell what and where.
   bool parse(const char* data, size_t size, bool last);
+  // The same without a copy: read up to `size` bytes into buffer(size),
+  // then hand over how many came with parseBuffer. A buffer that is not
+  // handed over is simply left. Null when expat has no memory for it.
+  char* buffer(size_t size);
+  bool parseBuffer(size_t size, bool last);
   std::string errorText() const;
   unsigned long errorLine() const;
   unsigned long currentLine() const;

@@ -75,7 +75,7 @@ TEST(GpxTracks, NamesCourseSpeedAndPointsWithoutTime) {
   const std::string path = writeFile(
       "gpx_named.gpx",
       gpx("<trk><name> Morning run </name><trkseg>\n"
-          "<trkpt lat=\"10\" lon=\"20\"><time>2024-03-01T10:00:00Z</time><course>90</course><speed>2</speed></trkpt>\n"
+          "<trkpt lat=\"10\" lon=\"20\"><time>2024-03-01T10:00:00Z</time><course>-270</course><speed>2</speed></trkpt>\n"
           "<trkpt lat=\"10.001\" lon=\"20\"><ele>5</ele></trkpt>\n"
           "<trkpt lat=\"10.002\" lon=\"20\"><time>2024-03-01T10:00:10.750Z</time></trkpt>\n"
           "</trkseg><trkseg><trkpt lat=\"10.003\" lon=\"20\"><time>2024-03-01T12:00:20+02:00</time></trkpt></trkseg>"

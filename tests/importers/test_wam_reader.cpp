@@ -92,7 +92,7 @@ TEST(WamLines, RecordsAndTheFaultsOfEach) {
 TEST(WamFilters, EachCauseIsCountedAndFilteredTracksVanish) {
   const Loaded wam(
       "TRACK\\RAD\\U1\\1\\Hawk\n"
-      + point("120000", 10, 20, "90\\300\\U1\\1\\5") + "\n"
+      + point("120000", 10, 20, "450\\300\\U1\\1\\5") + "\n"  // a course past 360
       + point("115959", 10.1, 20, "90\\300\\U1\\1\\5") + "\n"     // earlier: Time
       + point("120010", 10.2, 20, "90\\900\\U1\\1\\5") + "\n"     // too fast: Speed
       + point("120020", 10, 20, "90\\300\\U1\\1\\5") + "\n"       // same place: Position
