@@ -31,21 +31,7 @@ file="$WORK/tracks-${TRACKS}x${POINTS}.gpx"
 [ -s "$file" ] || "$BUILD_DIR/bin/gpx_generate" "$file" "$TRACKS" "$POINTS"
 cat "$file" >/dev/null  # warm the page cache
 
-# measure COMMAND... -> "seconds kilobytes cpu-seconds" (fastest wall, largest RSS)
-measure() {
-  local best_s="" best_k="" best_c="" s k u y i
-  for ((i = 0; i < RUNS; i++)); do
-    "$TIME" -o "$WORK/time.txt" -f '%e %M %U %S' "$@" >"$WORK/out.txt" 2>"$WORK/err.txt" ||
-      { echo "gpx_bench: failed: $*" >&2; tail -5 "$WORK/out.txt" "$WORK/err.txt" >&2; exit 1; }
-    read -r s k u y <"$WORK/time.txt"
-    if [ -z "$best_s" ] || awk -v a="$s" -v b="$best_s" 'BEGIN{exit !(a < b)}'; then
-      best_s=$s
-      best_c=$(awk -v u="$u" -v y="$y" 'BEGIN{print u + y}')
-    fi
-    if [ -z "$best_k" ] || [ "$k" -gt "$best_k" ]; then best_k=$k; fi
-  done
-  echo "$best_s $best_k $best_c"
-}
+source "$ROOT/bench/measure.sh"
 
 echo "file: $file ($TRACKS tracks x $POINTS points, $(du -m "$file" | cut -f1) MB); fastest of $RUNS runs"
 read -r babel_s babel_k babel_c <<<"$(measure gpsbabel -i gpx -f "$file" -o unicsv -F /dev/null)"

@@ -451,13 +451,8 @@ int ParseGPXFile(const std::string& fileName, ScenarioUD* scenario, bool append,
 }
 
 ImporterEntry gpxImporter() {
-  ImporterEntry entry;
-  entry.extensions = {".gpx"};
-  entry.notice = "Reading GPX file: ";
-  entry.fatalText = "Fatal error when loading GPX file\n";
-  entry.load = [](const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress) {
-    const int result = ParseGPXFile(path, &scenario, false, progress);
-    return result == 0 || result == UD_USER_CANCEL ? result : static_cast<int>(UD_FATAL);
-  };
-  return entry;
+  return Importers::readerEntry({".gpx"}, "GPX", [](const std::string& path, ScenarioUD& scenario,
+                                                   ScenarioUD::PercentCallback* progress) {
+    return ParseGPXFile(path, &scenario, false, progress);
+  });
 }

@@ -11,6 +11,18 @@ namespace {
 std::ostream* infoStream = nullptr;
 }
 
+ImporterEntry readerEntry(std::vector<std::string> extensions, const std::string& name, ImporterEntry::Load read) {
+  ImporterEntry entry;
+  entry.extensions = std::move(extensions);
+  entry.notice = "Reading " + name + " file: ";
+  entry.fatalText = "Fatal error when loading " + name + " file\n";
+  entry.load = [read](const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress) {
+    const int result = read(path, scenario, progress);
+    return result == 0 || result == UD_USER_CANCEL ? result : static_cast<int>(UD_FATAL);
+  };
+  return entry;
+}
+
 double yearOffset(int fromYear, int toYear) {
   if (fromYear > toYear) return -yearOffset(toYear, fromYear);
   double days = 0.0;

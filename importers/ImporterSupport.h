@@ -3,8 +3,16 @@
 
 #include <iosfwd>
 #include <string>
+#include <vector>
+
+#include "document/ImporterEntry.h"
 
 namespace Importers {
+
+// The importer-table entry of a reader that answers 0, UD_USER_CANCEL, or
+// any other value for a file it could not read (made UD_FATAL). `name`
+// fills the texts: "Reading GPX file: ", "Fatal error when loading GPX file\n".
+ImporterEntry readerEntry(std::vector<std::string> extensions, const std::string& name, ImporterEntry::Load read);
 
 // Seconds between the starts of two years (negative when `toYear` is earlier).
 double yearOffset(int fromYear, int toYear);

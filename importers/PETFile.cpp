@@ -10,6 +10,7 @@
 #include "datatable/DataTable.h"
 #include "document/ConvenienceFuncsUD.h"
 #include "document/ScenarioUD.h"
+#include "importers/ImporterSupport.h"
 
 namespace {
 
@@ -246,15 +247,11 @@ int PETFile::ParsePETFile(const std::string& fileName, ScenarioUD* scenario, dou
 }
 
 ImporterEntry petImporter() {
-  ImporterEntry entry;
-  entry.extensions = {".pet", ".csv"};
+  ImporterEntry entry = Importers::readerEntry(
+      {".pet", ".csv"}, "PET", [](const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress) {
+        PETFile reader;
+        return reader.ParsePETFile(path, &scenario, 0.0, false, true, progress);
+      });
   entry.csvMarkers = {"PET CSV"};
-  entry.notice = "Reading PET file: ";
-  entry.fatalText = "Fatal error when loading PET file\n";
-  entry.load = [](const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress) {
-    PETFile reader;
-    const int result = reader.ParsePETFile(path, &scenario, 0.0, false, true, progress);
-    return result == 0 || result == UD_USER_CANCEL ? result : static_cast<int>(UD_FATAL);
-  };
   return entry;
 }

@@ -221,13 +221,8 @@ int ParseWAMFile(const std::string& fileName, ScenarioUD* scenario, ScenarioUD::
 }
 
 ImporterEntry wamImporter() {
-  ImporterEntry entry;
-  entry.extensions = {".wam"};
-  entry.notice = "Reading WAM file: ";
-  entry.fatalText = "Fatal error when loading WAM file\n";
-  entry.load = [](const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress) {
-    const int result = ParseWAMFile(path, &scenario, progress);
-    return result == 0 || result == UD_USER_CANCEL ? result : static_cast<int>(UD_FATAL);
-  };
-  return entry;
+  return Importers::readerEntry({".wam"}, "WAM", [](const std::string& path, ScenarioUD& scenario,
+                                                   ScenarioUD::PercentCallback* progress) {
+    return ParseWAMFile(path, &scenario, progress);
+  });
 }
