@@ -3,6 +3,7 @@
 #include "importers/GPXParser.h"
 #include "importers/PETFile.h"
 #include "importers/WAMFile.h"
+#include "importers/csv/CSVFile.h"
 
 namespace Importers {
 
@@ -14,6 +15,15 @@ namespace Importers {
 ImporterTable sideFormatImporters() {
   ImporterTable table;
   table.push_back(petImporter());  // before the SCORE/PMRF entry: both read ".csv"
+
+  ImporterEntry range;
+  range.extensions = {".csv"};
+  range.csvMarkers = {"COM,", "SRC,"};
+  range.notice = "Reading SCORE/PMRF CSV file: ";
+  range.fatalText = "Fatal error when loading CSV file\n";
+  range.load = loadRangeFile;
+  table.push_back(range);
+
   table.push_back(gpxImporter());
   table.push_back(wamImporter());
   return table;
