@@ -1,6 +1,9 @@
 #include "importers/ImporterTable.h"
 
+#include "importers/GPXParser.h"
+#include "importers/PETFile.h"
 #include "importers/SatelliteLoad.h"
+#include "importers/WAMFile.h"
 #include "importers/csv/CSVFile.h"
 
 namespace Importers {
@@ -12,6 +15,7 @@ namespace Importers {
 // "Unknown CSV file format detected").
 ImporterTable sideFormatImporters() {
   ImporterTable table;
+  table.push_back(petImporter());  // before the SCORE/PMRF entry: both read ".csv"
 
   ImporterEntry range;
   range.extensions = {".csv"};
@@ -21,9 +25,10 @@ ImporterTable sideFormatImporters() {
   range.load = loadRangeFile;
   table.push_back(range);
 
+  table.push_back(gpxImporter());
+  table.push_back(wamImporter());
   table.push_back(tleEntry());
   table.push_back(keplerEntry());
-
   return table;
 }
 

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "document/ErrorCodesUD.h"
+#include "importers/ImporterSupport.h"
 #include "importers/Kepler2ASI.h"
 #include "importers/TLE2ASI.h"
 
@@ -12,11 +13,10 @@ namespace {
 
 // `kind` names the format in the texts the user sees: "TLE", "Kepler".
 ImporterEntry converterEntry(const std::string& extension, const std::string& kind, ImporterEntry::Load load) {
-  ImporterEntry entry;
-  entry.extensions = {extension};
-  entry.notice = "Reading " + kind + " file: ";
+  ImporterEntry entry = readerEntry({extension}, kind, load);
   entry.issuesHeading = "Issues detected during conversion of " + kind + " to ASI:\n";
-  entry.fatalText = "Fatal error when loading " + kind + " file\n";
+  // The loads answer UD_FATAL for a failed conversion themselves; the
+  // converted text is then judged as ASI, where only a fatal code fails.
   entry.load = std::move(load);
   return entry;
 }
