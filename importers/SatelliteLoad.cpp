@@ -21,6 +21,20 @@ ImporterEntry converterEntry(const std::string& extension, const std::string& ki
   return entry;
 }
 
+// A large element file takes a while to convert: the conversion fills the
+// first half of the file's progress, the load of its text the second.
+class HalfProgress : public ScenarioUD::PercentCallback {
+ public:
+  HalfProgress(ScenarioUD::PercentCallback* whole, int from) : whole_(whole), from_(from) {}
+  bool updateProgress(int percent) override {
+    return whole_ != nullptr && whole_->updateProgress(percent < 0 ? percent : from_ + percent / 2);
+  }
+
+ private:
+  ScenarioUD::PercentCallback* whole_;
+  int from_;
+};
+
 }  // namespace
 
 int loadTleFile(const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress) {
@@ -31,9 +45,12 @@ int loadTleFile(const std::string& path, ScenarioUD& scenario, ScenarioUD::Perce
   settings.outputFile = (input.parent_path() / (input.filename().string() + ".asi")).string();
   // The ASI text does not refer to GOG files, so the loader asks for none.
   settings.writeGog = false;
-  // Any failure of the conversion is fatal, whatever its number.
-  if (TLE2ASI::convert(settings) != 0) return UD_FATAL;
-  return scenario.load(settings.outputFile, nullptr, progress);
+  HalfProgress converting(progress, 0), loading(progress, 50);
+  const int converted = TLE2ASI::convert(settings, progress ? &converting : nullptr);
+  if (converted == UD_USER_CANCEL) return UD_USER_CANCEL;
+  // Any other failure of the conversion is fatal, whatever its number.
+  if (converted != 0) return UD_FATAL;
+  return scenario.load(settings.outputFile, nullptr, progress ? &loading : nullptr);
 }
 
 int loadKeplerFile(const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress) {

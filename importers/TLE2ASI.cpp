@@ -10,6 +10,7 @@
 #include "core/CoordinateConverter.h"
 #include "core/TimePrint.h"
 #include "document/ASIOutput.h"
+#include "document/ErrorCodesUD.h"
 #include "document/ScenarioUD.h"
 #include "importers/ConversionLog.h"
 #include "importers/ParseTLE.h"
@@ -124,7 +125,7 @@ int writeSatProp2ASI(Propagator& satellite, int points, const TimeFrame& frame, 
   return static_cast<int>(track.size());
 }
 
-int convert(const TleSettings& settings) {
+int convert(const TleSettings& settings, ScenarioUD::PercentCallback* progress) {
   ParseTLE::TleMap sets;
   if (ParseTLE::parseTLEFile(settings, sets) != 0) return -1;
   if (sets.empty()) {
@@ -143,7 +144,9 @@ int convert(const TleSettings& settings) {
 
   bool headerWritten = false;
   uint64_t id = 0;
+  size_t done = 0;
   for (const auto& entry : sets) {
+    if (progress && progress->updateProgress(static_cast<int>(100 * done++ / sets.size()))) return UD_USER_CANCEL;
     const ParseTLE::TwoLineElement& set = entry.second;
     PropagatorAIAA satellite(set.name, set.line1, set.line2);
     ConversionLog::notice("TLE: " + set.name);

@@ -7,6 +7,7 @@
 #include <iosfwd>
 #include <string>
 
+#include "document/ScenarioUD.h"
 #include "importers/Propagator.h"
 #include "importers/TleSettings.h"
 #include "importers/TleTrack.h"
@@ -22,8 +23,10 @@ extern const char* const START_COLOR;
 // Converts settings.inputFile into settings.outputFile (the input with
 // ".asi" added when empty). 0 on success; -1 when the input can't be read,
 // holds a format error, the output can't be written, or no set gives a
-// single point. What has been written stays on disk.
-int convert(const TleSettings& settings);
+// single point; UD_USER_CANCEL when `progress` (told the percentage of sets
+// done before each set) answers a cancel. What has been written stays on
+// disk.
+int convert(const TleSettings& settings, ScenarioUD::PercentCallback* progress = nullptr);
 
 // Writes the platform `id` of one satellite with `points` points from the
 // frame's start. With `first` the scenario header is written before the

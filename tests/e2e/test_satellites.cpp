@@ -165,6 +165,15 @@ TEST_F(Satellites, DecayEndsOneTrackWithItsCodeAndTheOthersLoad) {
   EXPECT_LE(lost, 55u);
 }
 
+TEST_F(Satellites, CancelStopsTheConversionBeforeTheNextSet) {
+  const e2e::Outcome r =
+      run({"--dump", "dump.json", "--cancel-after", "1", write("two.tle", std::string(kIss) + kDecaying)});
+  EXPECT_EQ(r.status, 1) << r.out << r.err;
+  EXPECT_TRUE(json("dump.json")["objects"].empty());
+  // Canceled before the first set: the converted text holds no platform.
+  EXPECT_EQ(e2e::readText(work / "two.tle.asi").find("PlatformID"), std::string::npos);
+}
+
 TEST_F(Satellites, FaultyElementSetFailsWithItsMessageAndTheHelp) {
   std::string shortLine = kIss;
   shortLine.erase(shortLine.find("9958"), 1);  // the first element line has 68 characters
