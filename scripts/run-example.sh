@@ -2,17 +2,20 @@
 # Sets everything up (packages, configure, build), then loads each example
 # scenario into the reference host through the plug-in, one scenario-host run
 # per scenario (the live feed as its two files), and prints each summary.
-# The host's full state after the harbour scenario is written to
-# build/example-dump.json, after the others to build/example-dump-<name>.json.
+# It builds only what it needs, in a folder of its own (build-run/: no
+# tests, no benchmarks), so that a first run is quick; scripts/test.sh builds
+# everything in build/. The host's full state after the harbour scenario is
+# written to build-run/example-dump.json, after the others to
+# build-run/example-dump-<name>.json.
 # Exits non-zero if any example does not load with result 0.
 # Usage: scripts/run-example.sh [extra scenario-host options...]
 set -uo pipefail
 
 ROOT="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
-BUILD_DIR="$ROOT/build"
+BUILD_DIR="$ROOT/build-run"
 EXAMPLES="$ROOT/examples"
 
-bash "$ROOT/scripts/setup.sh" "$BUILD_DIR" || exit $?
+bash "$ROOT/scripts/setup.sh" "$BUILD_DIR" -DORV_BUILD_TESTS=OFF -DORV_BUILD_BENCH=OFF || exit $?
 
 failed=0
 results=()
