@@ -1,5 +1,7 @@
 #include "importers/ImporterTable.h"
 
+#include "importers/OTGFile.h"
+
 namespace Importers {
 
 // One entry per importer, added with the importer's own files. Order
@@ -9,6 +11,16 @@ namespace Importers {
 // "Unknown CSV file format detected").
 ImporterTable sideFormatImporters() {
   ImporterTable table;
+
+  ImporterEntry otg;
+  otg.extensions = {".otg"};
+  otg.notice = "Reading OTG file: ";
+  otg.fatalText = "Fatal error when loading OTG file\n";
+  otg.load = [](const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress) {
+    return LoadOTGFile(path, &scenario, progress);
+  };
+  table.push_back(otg);
+
   return table;
 }
 
