@@ -37,7 +37,7 @@ load harbour "$BUILD_DIR/example-dump.json" "$EXAMPLES/harbour.asi"
 load minimal "$BUILD_DIR/example-dump-minimal.json" "$EXAMPLES/minimal.asi"
 load aircraft_ecef "$BUILD_DIR/example-dump-aircraft_ecef.json" "$EXAMPLES/aircraft_ecef.asi"
 load live_feed "$BUILD_DIR/example-dump-live_feed.json" "$EXAMPLES/live_feed_1.asi" "$EXAMPLES/live_feed_2.asi"
-load northern_screen "$BUILD_DIR/example-dump-northern_screen.json" "$EXAMPLES/northern_screen.otg"
+load vestfjorden "$BUILD_DIR/example-dump-vestfjorden.json" "$EXAMPLES/northern_screen.otg"
 
 echo "==== results"
 printf '%s\n' "${results[@]}"
