@@ -69,9 +69,19 @@ class OTGLoad {
   // "Line N: POS report of track "NAME" ..." for the faults of a report.
   std::ostream& fault_(const OTHContact& contact, const OTHPositionReport& report);
 
+  // Seconds from the start of the reference year to the start of `year`;
+  // a file has few years and many reports.
+  double yearOffset_(int year) {
+    auto found = yearOffsets_.find(year);
+    if (found == yearOffsets_.end())
+      found = yearOffsets_.emplace(year, OthLib::secondsBetweenYears(referenceYear_, year)).first;
+    return found->second;
+  }
+
   const std::string& fileName_;
   ScenarioUD* scenario_;
   int referenceYear_ = 0;
+  std::map<int, double> yearOffsets_;
   OTGPlatformMap platforms_;
   OTGEllipseTableMap tables_;
 };
@@ -120,7 +130,7 @@ void OTGLoad::loadContact(const OthLib::OTHMsgID& header, const OTHContact& cont
   }
 
   // Reports count in their own year, states in the scenario's.
-  time += OthLib::secondsBetweenYears(referenceYear_, year);
+  time += yearOffset_(year);
   PlatformUD* platform = nullptr;
   const int added = addData(fileName_, scenario_, platforms_, mapping, header, contact, time, referenceYear_, lla,
                             courseResult == 0 ? course : -1.0, speed, platform);
