@@ -1,6 +1,7 @@
 #include "importers/ImporterTable.h"
 
 #include "importers/OTGFile.h"
+#include "importers/csv/CSVFile.h"
 
 namespace Importers {
 
@@ -11,6 +12,14 @@ namespace Importers {
 // "Unknown CSV file format detected").
 ImporterTable sideFormatImporters() {
   ImporterTable table;
+
+  ImporterEntry range;
+  range.extensions = {".csv"};
+  range.csvMarkers = {"COM,", "SRC,"};
+  range.notice = "Reading SCORE/PMRF CSV file: ";
+  range.fatalText = "Fatal error when loading CSV file\n";
+  range.load = loadRangeFile;
+  table.push_back(range);
 
   ImporterEntry otg;
   otg.extensions = {".otg"};

@@ -36,7 +36,10 @@ EXTRA=("$@")
 load harbour "$BUILD_DIR/example-dump.json" "$EXAMPLES/harbour.asi"
 load minimal "$BUILD_DIR/example-dump-minimal.json" "$EXAMPLES/minimal.asi"
 load aircraft_ecef "$BUILD_DIR/example-dump-aircraft_ecef.json" "$EXAMPLES/aircraft_ecef.asi"
+load radar "$BUILD_DIR/example-dump-radar.json" "$EXAMPLES/radar.asi"
 load live_feed "$BUILD_DIR/example-dump-live_feed.json" "$EXAMPLES/live_feed_1.asi" "$EXAMPLES/live_feed_2.asi"
+load socal_aswex "$BUILD_DIR/example-dump-socal_aswex.json" "$EXAMPLES/socal_aswex.csv"
+load pmrf_rimpac "$BUILD_DIR/example-dump-pmrf_rimpac.json" "$EXAMPLES/pmrf_rimpac.csv"
 load vestfjorden "$BUILD_DIR/example-dump-vestfjorden.json" "$EXAMPLES/northern_screen.otg"
 
 echo "==== results"
