@@ -143,7 +143,6 @@ void CSVPos::AddLEG(const std::vector<std::string>& tokens, ScenarioUD* scenario
   UniqueID key;
   std::string callsign, vehicle, description;
   int iff = kIffNeutral;
-  double time = 0.0;
   if (dataFormat == CSVFile::FORMAT_SCORE) {
     if (tokens.size() < 15) return;
     key = UniqueID(tokens[7], toInt(tokens[8]), 0);
@@ -152,12 +151,6 @@ void CSVPos::AddLEG(const std::vector<std::string>& tokens, ScenarioUD* scenario
     iff = toInt(tokens[12]);
     description = tokens[7];
     for (size_t i = 8; i <= 14; ++i) description += " " + tokens[i];
-    try {
-      time = recordTime(tokens);
-    } catch (const orvCore::TimeException& e) {
-      report_("LEG", e.what());
-      return;
-    }
   } else if (dataFormat == CSVFile::FORMAT_PMRF) {
     // A PMRF legend names its source in field 5; a shorter line has no track.
     if (tokens.size() < 6) return;
@@ -190,6 +183,15 @@ void CSVPos::AddLEG(const std::vector<std::string>& tokens, ScenarioUD* scenario
 
   PlatformUD* platform = entry->second;
   setOriginalId_(platform, key);
+  // The date only times the legend's text: a bad one loses that text, not
+  // the track that its positions look for.
+  double time = 0.0;
+  try {
+    time = recordTime(tokens);
+  } catch (const orvCore::TimeException& e) {
+    report_("LEG", e.what());
+    return;
+  }
   GenericDataUD* data = nullptr;
   if (entry->first.genericDataId == 0) {
     entry->first.genericDataId = platform->UniqueID();
