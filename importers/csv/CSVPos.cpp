@@ -102,6 +102,16 @@ void CSVPos::report_(const std::string& record, const std::string& text) const {
   writeErrorStreamUD("Line " + std::to_string(file_->lineNumber()) + " " + record + ": " + text + "\n");
 }
 
+bool CSVPos::lineTime_(const std::vector<std::string>& tokens, const char* record, double& time) const {
+  try {
+    time = recordTime(tokens);
+    return true;
+  } catch (const orvCore::TimeException& e) {
+    report_(record, e.what());
+    return false;
+  }
+}
+
 void CSVPos::addTypeAndAffinity_(PlatformUD* platform, int type, int iff) {
   scenario_->addCategoryData(platform->UniqueID(), kStaticTime, "Platform Type", getPlatType(type));
   scenario_->addCategoryData(platform->UniqueID(), kStaticTime, "Affinity", GetAffinityString(iff));
@@ -186,12 +196,7 @@ void CSVPos::AddLEG(const std::vector<std::string>& tokens, ScenarioUD* scenario
   // The date only times the legend's text: a bad one loses that text, not
   // the track that its positions look for.
   double time = 0.0;
-  try {
-    time = recordTime(tokens);
-  } catch (const orvCore::TimeException& e) {
-    report_("LEG", e.what());
-    return;
-  }
+  if (!lineTime_(tokens, "LEG", time)) return;
   GenericDataUD* data = nullptr;
   if (entry->first.genericDataId == 0) {
     entry->first.genericDataId = platform->UniqueID();
@@ -256,12 +261,7 @@ void CSVPos::AddPOS(const std::vector<std::string>& tokens, int dataFormat) {
   lastKey_ = key;
 
   double time = 0.0;
-  try {
-    time = recordTime(tokens);
-  } catch (const orvCore::TimeException& e) {
-    report_("POS", e.what());
-    return;
-  }
+  if (!lineTime_(tokens, "POS", time)) return;
   // Negative clock fields can reach before the year; -1 would even make
   // the track static.
   if (time < 0.0) {
