@@ -135,20 +135,6 @@ TEST_F(Satellites, StationFliesOverTheDayFromItsEpochWithItsSetAsData) {
   for (const std::string& c : colours) EXPECT_TRUE(c == "0xFF8F008F" || c == "0xFF00FFFF") << c;
 }
 
-TEST_F(Satellites, ExampleSatellitesLoadSortedByNumberDeepSpaceIncluded) {
-  const e2e::Outcome r = load(copyExample("satellites.tle"));
-  ASSERT_EQ(r.status, 0) << r.out << r.err;
-  EXPECT_EQ(messages(3), "");
-  const auto dump = json("dump.json");
-  std::vector<std::string> names;
-  for (const auto& o : dump["objects"]) names.push_back(o["header"]["name"]);
-  EXPECT_EQ(names, (std::vector<std::string>{"MOLNIYA 1-36", "ITALSAT 2", "CBERS 2", "NAVSTAR 53 (USA 175)"}));
-  // The geostationary ITALSAT stays near its longitude all day.
-  const auto italsat = records(dump["objects"][1]["data"], "points");
-  ASSERT_EQ(italsat.size(), 1440u);
-  for (const auto& p : italsat) EXPECT_NEAR(p.at("z").get<double>(), 35.8e6, 0.3e6);
-}
-
 TEST_F(Satellites, DecayEndsOneTrackWithItsCodeAndTheOthersLoad) {
   const e2e::Outcome r = load(write("mixed.tle", std::string(kIss) + kDecaying));
   ASSERT_EQ(r.status, 0) << r.out << r.err;
