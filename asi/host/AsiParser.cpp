@@ -41,6 +41,10 @@ void AsiParser::populateCommands(int version) {
   // three version-dependent keywords last.
   CommandList commands;
   addPlatformCommands(provider_, version, commands);
+  addLaserCommands(provider_, version, commands);
+  addLobCommands(provider_, version, commands);
+  addProjectorCommands(provider_, version, commands);
+  addCustomRenderingCommands(provider_, version, commands);
   addScenarioCommands(provider_, version, commands);
   for (FileReaderPlugin::CommandParser* command : commands) replaceCommand_(command);
 }
