@@ -31,6 +31,10 @@ class Table {
   void setUnits(const std::vector<UTILS::UnitType_t>& units) { units_ = units; }
   size_t columnCount() const { return names_.size(); }
 
+  // The host's column id of each file column, once the host holds the table.
+  const std::vector<int64_t>& columnIds() const { return columnIds_; }
+  void setColumnIds(const std::vector<int64_t>& ids) { columnIds_ = ids; }
+
   uint64_t uniqueId() const { return uniqueId_; }
   void setUniqueId(uint64_t id) { uniqueId_ = id; }
 
@@ -40,6 +44,7 @@ class Table {
   std::vector<std::string> names_;
   std::vector<UTILS::VariableType_t> types_;
   std::vector<UTILS::UnitType_t> units_;
+  std::vector<int64_t> columnIds_;
   uint64_t uniqueId_ = 0;
 };
 

@@ -16,6 +16,7 @@ PACKAGES=(
   libgeographiclib-dev
   clang libclang-rt-14-dev
   zip unzip time
+  python3-sgp4
 )
 
 SUDO=""

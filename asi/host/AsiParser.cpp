@@ -46,6 +46,7 @@ void AsiParser::populateCommands(int version) {
   addProjectorCommands(provider_, version, commands);
   addCustomRenderingCommands(provider_, version, commands);
   addScenarioCommands(provider_, version, commands);
+  addTableCommands(provider_, version, commands);
   for (FileReaderPlugin::CommandParser* command : commands) replaceCommand_(command);
 }
 

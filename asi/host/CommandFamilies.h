@@ -44,4 +44,8 @@ void addCustomRenderingCommands(const std::shared_ptr<AsiInterface::ScenarioProv
 void addScenarioCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
                          CommandList& commands);
 
+// Data-table commands ("DataTable", "DataTableUnits", "DataTableRow").
+void addTableCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                      CommandList& commands);
+
 }  // namespace AsiReader

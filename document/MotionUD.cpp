@@ -1,0 +1,262 @@
+#include "document/MotionUD.h"
+
+#include <cmath>
+#include <iterator>
+
+#include "core/Angle.h"
+#include "core/CoordinateConverter.h"
+#include "core/VectorMath.h"
+#include "document/ConvenienceFuncsUD.h"
+#include "document/ErrorCodesUD.h"
+
+template <typename State>
+double TimeOrderedStates<State>::startTime() const {
+  return states_.empty() ? UD_NO_TIME : states_.begin()->first;
+}
+
+template <typename State>
+double TimeOrderedStates<State>::endTime() const {
+  return states_.empty() ? UD_NO_TIME : states_.rbegin()->first;
+}
+
+template class TimeOrderedStates<MotionStateUD>;
+template class TimeOrderedStates<BeamStateUD>;
+template class TimeOrderedStates<GateStateUD>;
+
+namespace {
+
+orvCore::Vec3 toEcef(const MotionStateUD& state) {
+  orvCore::Vec3 ecef;
+  orvCore::CoordinateConverter::convertGeodeticPosToEcef(orvCore::Vec3(state.lat, state.lon, state.alt), ecef);
+  return ecef;
+}
+
+// The velocity east, north, up at `at` of a straight move from `from` to `to` over `dt`.
+void enuVelocity(const MotionStateUD& at, const orvCore::Vec3& from, const orvCore::Vec3& to, double dt,
+                 double out[3]) {
+  const double dx = (to[0] - from[0]) / dt, dy = (to[1] - from[1]) / dt, dz = (to[2] - from[2]) / dt;
+  const double sinLat = std::sin(at.lat), cosLat = std::cos(at.lat);
+  const double sinLon = std::sin(at.lon), cosLon = std::cos(at.lon);
+  out[0] = -sinLon * dx + cosLon * dy;
+  out[1] = -sinLat * cosLon * dx - sinLat * sinLon * dy + cosLat * dz;
+  out[2] = cosLat * cosLon * dx + cosLat * sinLon * dy + sinLat * dz;
+}
+
+int checkPlatformState(const MotionStateUD& s) {
+  if (udIsBadValue(s.lat) || udIsBadValue(s.lon) || udIsBadValue(s.alt)) return UD_BAD_PLAT_POSITION;
+  const double ori[3] = {s.yaw, s.pitch, s.roll};
+  if (udIsBadValue(s.yaw) || udIsBadValue(s.pitch) || udIsBadValue(s.roll) || udIsBadAngle(ori))
+    return UD_BAD_PLAT_ANGLE;
+  if (udIsBadValue(s.velEast) || udIsBadValue(s.velNorth) || udIsBadValue(s.velUp)) return UD_BAD_PLAT_VELOCITY;
+  if (const double* a = s.Acceleration())
+    if (udIsBadValue(a[0]) || udIsBadValue(a[1]) || udIsBadValue(a[2])) return UD_BAD_PLAT_ACCELERATION;
+  return UD_NO_ERROR;
+}
+
+}  // namespace
+
+void LinearPlatMotionUD::AddEndPoint(double time) {
+  const StateMap& map = states_.states();
+  if (map.empty() || time <= map.rbegin()->first) return;
+  MotionStateUD last = map.rbegin()->second;
+  last.time = time;
+  states_.add(std::move(last));
+}
+
+bool LinearPlatMotionUD::GetState(double time, MotionStateUD& out, bool interpolate) const {
+  return states_.getState(time, out, interpolate, false, InterpolateMotionStateUD);
+}
+
+bool LinearPlatMotionUD::GetPointAfter(double time, MotionStateUD& out) const {
+  auto after = states_.states().upper_bound(time);
+  if (after == states_.states().end()) return false;
+  out = after->second;
+  return true;
+}
+
+bool LinearPlatMotionUD::GetPointBefore(double time, MotionStateUD& out) const {
+  auto at = states_.states().lower_bound(time);
+  if (at == states_.states().begin()) return false;
+  out = std::prev(at)->second;
+  return true;
+}
+
+const MotionStateUD* LinearPlatMotionUD::EndPoint() const {
+  return states_.states().empty() ? nullptr : &states_.states().rbegin()->second;
+}
+
+void LinearPlatMotionUD::findSpeed_(StateMap::iterator state) {
+  StateMap& map = states_.states();
+  StateMap::iterator from;
+  StateMap::iterator to;
+  if (state != map.begin()) {
+    from = std::prev(state);
+    to = state;
+  } else if (std::next(state) != map.end()) {
+    from = state;
+    to = std::next(state);
+  } else {
+    state->second.SetSpeed(0.0);
+    return;
+  }
+  const double dt = to->first - from->first;
+  if (!(dt > 0.0)) {
+    state->second.SetVelocity(0.0, 0.0, 0.0);
+    return;
+  }
+  double velocity[3];
+  enuVelocity(state->second, toEcef(from->second), toEcef(to->second), dt, velocity);
+  state->second.SetVelocity(velocity[0], velocity[1], velocity[2]);
+}
+
+void LinearPlatMotionUD::CalculateVelocities() {
+  StateMap& map = states_.states();
+  for (auto it = map.begin(); it != map.end(); ++it) findSpeed_(it);
+}
+
+void LinearPlatMotionUD::CalculateFlightPathAnglePitch() {
+  for (auto& entry : states_.states()) {
+    MotionStateUD& s = entry.second;
+    const double horizontal = std::hypot(s.velEast, s.velNorth);
+    if (horizontal == 0.0 && s.velUp == 0.0) continue;
+    s.SetPitch(std::atan2(s.velUp, horizontal));
+  }
+}
+
+void LinearPlatMotionUD::cull(double degrees) {
+  const double tolerance = std::fabs(orvCore::angFix(degrees * M_PI / 180.0, orvCore::AE_PLUSMINUS_PI));
+  StateMap& map = states_.states();
+  if (map.size() < 3) return;
+  auto previous = map.begin();
+  auto current = std::next(previous);
+  while (std::next(current) != map.end()) {
+    auto next = std::next(current);
+    const orvCore::Vec3 a = toEcef(previous->second);
+    const orvCore::Vec3 b = toEcef(next->second);
+    auto deviation = [](double x, double y) { return std::fabs(orvCore::angFix(x - y, orvCore::AE_PLUSMINUS_PI)); };
+    // Previous and next seen from the earth's centre, and the attitude,
+    // all within the tolerance: the point between them adds nothing.
+    const MotionStateUD& p = previous->second;
+    const MotionStateUD& s = current->second;
+    const bool steady = deviation(s.yaw, p.yaw) <= tolerance && deviation(s.pitch, p.pitch) <= tolerance &&
+                        deviation(s.roll, p.roll) <= tolerance;
+    if (steady && orvCore::v3Angle(a, b) <= tolerance) {
+      current = map.erase(current);
+    } else {
+      previous = current;
+      current = next;
+    }
+  }
+}
+
+bool LinearPlatMotionUD::DeleteItem(double time) { return states_.states().erase(time) != 0; }
+
+int LinearPlatMotionUD::Valid(const DataFormatUD&) const {
+  if (states_.states().empty()) return UD_NO_MOTION;
+  for (const auto& entry : states_.states())
+    if (int code = checkPlatformState(entry.second)) return code;
+  return UD_NO_ERROR;
+}
+
+bool LinearBeamMotionUD::GetState(double time, BeamStateUD& out, bool interpolate) const {
+  return states_.getState(time, out, interpolate, true, InterpolateBeamStateUD);
+}
+
+const BeamStateUD* LinearBeamMotionUD::EndPoint() const {
+  return states_.states().empty() ? nullptr : &states_.states().rbegin()->second;
+}
+
+int LinearBeamMotionUD::Valid(const DataFormatUD&) const {
+  if (states_.states().empty()) return UD_NO_MOTION;
+  for (const auto& entry : states_.states()) {
+    const BeamStateUD& s = entry.second;
+    if (udIsBadValue(s.azimuth) || udIsBadAngle(s.azimuth)) return UD_BAD_BEAM_AZIMUTH;
+    if (udIsBadValue(s.elevation) || udIsBadElevAngle(s.elevation)) return UD_BAD_BEAM_ELEVATION;
+    if (udIsBadValue(s.range) || s.range < 0.0) return UD_BAD_BEAM_RANGE;
+  }
+  return UD_NO_ERROR;
+}
+
+bool BodyBeamMotionUD::GetState(double time, BeamStateUD& out, const MotionStateUD* host, bool interpolate) const {
+  if (!LinearBeamMotionUD::GetState(time, out, interpolate)) return false;
+  if (host == nullptr || (host->yaw == 0.0 && host->pitch == 0.0 && host->roll == 0.0)) return true;
+  // The beam's pointing in the body frame, turned into the local level frame.
+  const orvCore::Vec3 body(std::cos(out.elevation) * std::cos(out.azimuth),
+                           std::cos(out.elevation) * std::sin(out.azimuth), -std::sin(out.elevation));
+  double dcm[3][3];
+  orvCore::d3EulertoDCM(orvCore::Vec3(host->yaw, host->pitch, host->roll), dcm);
+  orvCore::Vec3 local;
+  orvCore::d3MTv3Mult(dcm, body, local);
+  out.azimuth = orvCore::angFix(std::atan2(local[1], local[0]), orvCore::AE_ZERO_TWOPI);
+  out.elevation = std::atan2(-local[2], std::hypot(local[0], local[1]));
+  return true;
+}
+
+bool TargetBeamMotionUD::GetState(double time, const MotionStateUD& host, const MotionStateUD* target,
+                                  BeamStateUD& out) {
+  if (target == nullptr) return false;
+  const orvCore::Vec3 h = toEcef(host);
+  const orvCore::Vec3 t = toEcef(*target);
+  const double d[3] = {t[0] - h[0], t[1] - h[1], t[2] - h[2]};
+  const double sinLat = std::sin(host.lat), cosLat = std::cos(host.lat);
+  const double sinLon = std::sin(host.lon), cosLon = std::cos(host.lon);
+  const double east = -sinLon * d[0] + cosLon * d[1];
+  const double north = -sinLat * cosLon * d[0] - sinLat * sinLon * d[1] + cosLat * d[2];
+  const double up = cosLat * cosLon * d[0] + cosLat * sinLon * d[1] + sinLat * d[2];
+  out.time = time;
+  out.range = std::sqrt(east * east + north * north + up * up);
+  out.azimuth = orvCore::angFix(std::atan2(east, north), orvCore::AE_ZERO_TWOPI);
+  out.elevation = std::atan2(up, std::hypot(east, north));
+  return true;
+}
+
+bool LinearGateMotionUD::GetState(double time, GateStateUD& out, bool interpolate) const {
+  return states_.getState(time, out, interpolate, false, InterpolateGateStateUD);
+}
+
+int LinearGateMotionUD::Valid(const DataFormatUD&) const {
+  if (states_.states().empty()) return UD_NO_MOTION;
+  for (const auto& entry : states_.states()) {
+    const GateStateUD& s = entry.second;
+    if (udIsBadValue(s.azimuth) || udIsBadAngle(s.azimuth)) return UD_BAD_GATE_AZIMUTH;
+    if (udIsBadValue(s.elevation) || udIsBadElevAngle(s.elevation)) return UD_BAD_GATE_ELEVATION;
+    if (udIsBadValue(s.width) || udIsBadAngle(s.width)) return UD_BAD_GATE_WIDTH;
+    if (udIsBadValue(s.height) || udIsBadElevAngle(s.height)) return UD_BAD_GATE_HEIGHT;
+    if (udIsBadValue(s.minRange)) return UD_BAD_GATE_MIN_RANGE;
+    if (udIsBadValue(s.maxRange)) return UD_BAD_GATE_MAX_RANGE;
+    if (udIsBadValue(s.centroid)) return UD_BAD_GATE_CENTROID;
+  }
+  return UD_NO_ERROR;
+}
+
+bool LOBMotionUD::deleteState(double time, double range, double azimuth, double elevation) {
+  auto at = states_.find(time);
+  if (at == states_.end()) return false;
+  for (auto it = at->second.begin(); it != at->second.end(); ++it)
+    if (it->range == range && it->azimuth == azimuth && it->elevation == elevation) {
+      at->second.erase(it);
+      if (at->second.empty()) states_.erase(at);
+      return true;
+    }
+  return false;
+}
+
+double LOBMotionUD::StartTime() const { return states_.empty() ? UD_NO_TIME : states_.begin()->first; }
+double LOBMotionUD::EndTime() const { return states_.empty() ? UD_NO_TIME : states_.rbegin()->first; }
+
+size_t LOBMotionUD::Size() const {
+  size_t total = 0;
+  for (const auto& entry : states_) total += entry.second.size();
+  return total;
+}
+
+int LOBMotionUD::Valid(const DataFormatUD&) const {
+  if (states_.empty()) return UD_NO_MOTION;
+  for (const auto& entry : states_)
+    for (const LOBStateUD& s : entry.second) {
+      if (udIsBadValue(s.azimuth) || udIsBadAngle(s.azimuth)) return UD_BAD_LOB_AZIMUTH;
+      if (udIsBadValue(s.elevation) || udIsBadElevAngle(s.elevation)) return UD_BAD_LOB_ELEVATION;
+      if (udIsBadValue(s.range)) return UD_BAD_LOB_RANGE;
+    }
+  return UD_NO_ERROR;
+}

@@ -1,0 +1,183 @@
+// ScenarioUD::load: the document's own two-thread ASI read. The caller's
+// thread reads and splits lines; AsiParserThread parses them into the
+// document. Errors surface when a record comes back to the free queue, so
+// they may be reported up to 10000 lines behind the reader.
+#include <unistd.h>
+
+#include <fstream>
+
+#include <OpenThreads/ScopedLock>
+
+#include "core/StringUtils.h"
+#include "core/TimeException.h"
+#include "core/Tokenizer.h"
+#include "document/AsiKeywordHandlers.h"
+#include "document/AsiLoaderThread.h"
+#include "document/ConvenienceFuncsUD.h"
+#include "document/ScenarioUD.h"
+
+AsiLoaderThread::AsiLoaderThread() : records_(POOL_SIZE) {
+  for (AsiLineRecord& record : records_) freeQueue.push_back(&record);
+}
+
+AsiLoaderThread::~AsiLoaderThread() = default;
+
+namespace {
+
+std::string joined(const std::vector<std::string>& tokens) {
+  std::string text;
+  for (size_t i = 0; i < tokens.size(); ++i) text += (i ? " " : "") + tokens[i];
+  return text;
+}
+
+// Reports the last parse of a record; true when it was fatal.
+bool reportResult(const AsiLineRecord& record) {
+  if (record.result == 0) return false;
+  const bool fatal = udIsFatalError(record.result);
+  writeErrorStreamUD(std::string(fatal ? "Error (FATAL) in file, see line #" : "Error (non-fatal) in file, see line #") +
+                     std::to_string(record.line) + "  >>>> " + joined(record.tokens) + "\n" +
+                     udErrorString(record.result) + "\n");
+  return fatal;
+}
+
+// Splits a line into tokens: quoted tokens stay whole; an unquoted "#" or
+// "//" ends the line.
+void splitLine(const std::string& text, std::vector<std::string>& tokens) {
+  tokens.clear();
+  size_t pos = text.find_first_not_of(orvCore::STR_WHITE_SPACE_CHARS);
+  while (pos != std::string::npos) {
+    const std::string terminator = orvCore::getTerminateForStringPos(text, pos);
+    size_t end;
+    if (terminator.empty()) end = text.find_first_of(orvCore::STR_WHITE_SPACE_CHARS, pos);
+    else end = orvCore::getFirstCharPosAfterString(text, pos + terminator.size(), terminator);
+    if (end == std::string::npos) end = text.size();
+    std::string token = text.substr(pos, end - pos);
+    if (terminator.empty()) {
+      const size_t comment = std::min(token.find('#'), token.find("//"));
+      if (comment != std::string::npos) {
+        if (comment > 0) tokens.push_back(token.substr(0, comment));
+        break;
+      }
+    }
+    tokens.push_back(token);
+    pos = text.find_first_not_of(orvCore::STR_WHITE_SPACE_CHARS, end);
+  }
+  orvCore::removeQuotes(tokens);
+}
+
+}  // namespace
+
+void AsiParserThread::run() {
+  for (;;) {
+    AsiLineRecord* record = nullptr;
+    {
+      OpenThreads::ScopedLock<OpenThreads::Mutex> lock(shared_.mutex);
+      if (!shared_.workQueue.empty()) {
+        record = shared_.workQueue.front();
+        shared_.workQueue.pop_front();
+      }
+    }
+    if (record == nullptr) {
+      if (shared_.endOfFile || shared_.stop) return;
+      usleep(10000);
+      continue;
+    }
+    if (shared_.stop) {
+      record->result = 0;
+    } else {
+      try {
+        record->result = handlers_.parse(record->tokens, record->line);
+      } catch (const orvCore::TimeException&) {
+        record->result = UD_BAD_TIME_STRING;
+      } catch (...) {
+        writeErrorStreamUD("Error (unknown) in file, see line # " + std::to_string(record->line) + "\n");
+        record->result = 1;
+      }
+      if (udIsFatalError(record->result)) {
+        shared_.fatalCode = record->result;
+        shared_.stop = true;
+      }
+    }
+    OpenThreads::ScopedLock<OpenThreads::Mutex> lock(shared_.mutex);
+    shared_.freeQueue.push_back(record);
+  }
+}
+
+int ScenarioUD::load(const std::string& fileName, const FileFinder& fileFinder, PercentCallback* callback) {
+  std::ifstream in(fileName, std::ios::binary);
+  if (!in) {
+    writeErrorStreamUD("\n\nERROR!  Unable to open file for loading: " + fileName + "\n");
+    return UD_LOAD_OPEN_FAILED;
+  }
+  setFilename(fileName);
+  in.seekg(0, std::ios::end);
+  const std::streamoff size = in.tellg();
+  in.seekg(0, std::ios::beg);
+  return load(in, fileFinder, false, callback, size);
+}
+
+int ScenarioUD::load(std::istream& stream, const FileFinder&, bool, PercentCallback* callback, std::streamoff size) {
+  AsiLoaderThread shared;
+  AsiKeywordHandlers handlers(*this);
+  AsiParserThread parser(shared, handlers);
+  parser.start();
+
+  int result = 0;
+  std::string line;
+  std::vector<std::string> tokens;
+  unsigned long number = 0;
+  std::streamoff consumed = 0;
+  int percent = -1;
+  while (!shared.stop && orvCore::getStrippedLine(stream, line)) {
+    ++number;
+    if (callback && size > 0) {
+      consumed += static_cast<std::streamoff>(line.size()) + 1;
+      const int now = static_cast<int>(std::min<std::streamoff>(100, consumed * 100 / size));
+      if (now > percent) {
+        percent = now;
+        const std::streamoff at = stream.tellg();
+        if (at > 0) consumed = at;
+        if (callback->updateProgress(percent)) {
+          result = UD_USER_CANCEL;
+          writeErrorStreamUD("User canceled file loading.\n");
+          shared.stop = true;
+          break;
+        }
+      }
+    }
+    splitLine(line, tokens);
+    if (tokens.empty()) continue;
+    AsiLineRecord* record = nullptr;
+    while (record == nullptr && !shared.stop) {
+      {
+        OpenThreads::ScopedLock<OpenThreads::Mutex> lock(shared.mutex);
+        if (!shared.freeQueue.empty()) {
+          record = shared.freeQueue.front();
+          shared.freeQueue.pop_front();
+        }
+      }
+      if (record == nullptr) usleep(5000);
+    }
+    if (record == nullptr) break;
+    reportResult(*record);
+    record->result = 0;
+    record->tokens.swap(tokens);
+    record->line = number;
+    OpenThreads::ScopedLock<OpenThreads::Mutex> lock(shared.mutex);
+    shared.workQueue.push_back(record);
+  }
+  shared.endOfFile = true;
+  parser.join();
+  // What was parsed and not yet recycled is reported now.
+  {
+    OpenThreads::ScopedLock<OpenThreads::Mutex> lock(shared.mutex);
+    for (AsiLineRecord* record : shared.freeQueue) {
+      reportResult(*record);
+      record->result = 0;
+    }
+  }
+  if (result == 0) result = shared.fatalCode;
+  makeRefLinks();
+  setStartEndTimes();
+  return result;
+}

@@ -1,0 +1,220 @@
+// Motions and interpolation: insertion by time, GetState before, at, between
+// and after states for each motion kind, the short way round for angles, and
+// the checks of AddState.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "document/ConvenienceFuncsUD.h"
+#include "document/ErrorCodesUD.h"
+#include "document/ScenarioUD.h"
+
+namespace {
+
+constexpr double kDeg = M_PI / 180.0;
+
+MotionStateUD platformState(double t, double latDeg, double lonDeg, double alt, double yawDeg = 0) {
+  const double pos[3] = {latDeg * kDeg, lonDeg * kDeg, alt};
+  const double ori[3] = {yawDeg * kDeg, 0, 0};
+  return MotionStateUD(t, pos, ori);
+}
+
+TEST(PlatformMotion, GetStateAroundTheStates) {
+  LinearPlatMotionUD motion;
+  MotionStateUD out;
+  EXPECT_FALSE(motion.GetState(0, out));
+  EXPECT_EQ(motion.StartTime(), UD_NO_TIME);
+  EXPECT_EQ(motion.EndTime(), -987654321.0);
+
+  motion.AddState(platformState(20, 10, 20, 2000));
+  motion.AddState(platformState(10, 10, 10, 1000));
+  EXPECT_EQ(motion.StartTime(), 10);
+  EXPECT_FALSE(motion.GetState(5, out));
+
+  ASSERT_TRUE(motion.GetState(15, out));
+  EXPECT_EQ(out.time, 15);
+  EXPECT_DOUBLE_EQ(out.alt, 1500);  // straight, not from the ECEF chord
+  EXPECT_NEAR(out.lon / kDeg, 15, 0.05);
+
+  ASSERT_TRUE(motion.GetState(20, out));
+  EXPECT_EQ(out.time, 20);
+  EXPECT_EQ(out.alt, 2000);
+  // After the last state the platform stays there, at the state's time.
+  ASSERT_TRUE(motion.GetState(99, out));
+  EXPECT_EQ(out.time, 20);
+
+  ASSERT_TRUE(motion.GetState(15, out, false));
+  EXPECT_EQ(out.alt, 1000);
+}
+
+TEST(PlatformMotion, SameTimeReplacesAndEndPointExtends) {
+  LinearPlatMotionUD motion;
+  motion.AddState(platformState(1, 0, 0, 1));
+  motion.AddState(platformState(1, 0, 0, 2));
+  EXPECT_EQ(motion.Size(), 1u);
+  EXPECT_EQ(motion.states().at(1).alt, 2);
+  motion.AddEndPoint(50);
+  EXPECT_EQ(motion.Size(), 2u);
+  EXPECT_EQ(motion.states().at(50).alt, 2);
+  motion.AddEndPoint(10);
+  EXPECT_EQ(motion.Size(), 2u);
+}
+
+TEST(PlatformMotion, YawTakesTheShortWayRound) {
+  MotionStateUD out;
+  InterpolateMotionStateUD(platformState(0, 0, 0, 0, 350), platformState(10, 0, 0, 0, 10), 5, out);
+  EXPECT_NEAR(std::fmod(out.yaw, 2 * M_PI), 0.0, 1e-9);
+  InterpolateMotionStateUD(platformState(0, 0, 0, 0, 10), platformState(10, 0, 0, 0, 350), 7.5, out);
+  EXPECT_NEAR(out.yaw / kDeg, 355, 1e-9);
+}
+
+TEST(PlatformMotion, VelocitiesAndFlightPathFromPositions) {
+  LinearPlatMotionUD motion;
+  motion.AddState(platformState(0, 0, 0, 0));
+  motion.AddState(platformState(100, 0.01, 0, 100));  // north and up
+  motion.CalculateVelocities();
+  const MotionStateUD& second = motion.states().at(100);
+  EXPECT_NEAR(second.velNorth, 11.06, 0.05);
+  EXPECT_NEAR(second.velUp, 1.0, 0.01);
+  EXPECT_NEAR(second.velEast, 0.0, 1e-6);
+  motion.CalculateFlightPathAnglePitch();
+  EXPECT_NEAR(motion.states().at(100).pitch, std::atan2(1.0, 11.06), 0.01);
+}
+
+TEST(PlatformMotion, CullKeepsEndsAndDropsStraightMiddles) {
+  LinearPlatMotionUD motion;
+  for (int t = 0; t <= 10; ++t) motion.AddState(platformState(t, 0, t * 1e-5, 0));
+  motion.AddState(platformState(11, 5, 5, 0));
+  motion.cull(1.0);
+  EXPECT_LT(motion.Size(), 12u);
+  EXPECT_EQ(motion.StartTime(), 0);
+  EXPECT_EQ(motion.EndTime(), 11);
+  EXPECT_EQ(motion.states().count(11), 1u);
+}
+
+TEST(BeamMotion, AfterTheLastStateReportsTheAskedTime) {
+  LinearBeamMotionUD motion;
+  motion.AddState(BeamStateUD(0, 100, 350 * kDeg, 0));
+  motion.AddState(BeamStateUD(10, 200, 10 * kDeg, 10 * kDeg));
+  BeamStateUD out;
+  ASSERT_TRUE(motion.GetState(5, out));
+  EXPECT_DOUBLE_EQ(out.range, 150);
+  EXPECT_NEAR(std::fmod(out.azimuth, 2 * M_PI), 0, 1e-9);
+  EXPECT_NEAR(out.elevation, 5 * kDeg, 1e-12);
+  ASSERT_TRUE(motion.GetState(30, out));
+  EXPECT_EQ(out.time, 30);
+  EXPECT_EQ(out.range, 200);
+}
+
+TEST(BeamMotion, ZeroCrossing) {
+  EXPECT_NEAR(checkZeroCrossing(0.5, 0.2, 0.1), 0.15, 1e-12);
+  // Across the seam the value lies half way the short way round, above 2 pi.
+  EXPECT_NEAR(checkZeroCrossing(0.5, 6.2, 0.1), 0.1 + 2 * M_PI - 0.5 * (2 * M_PI - 6.1), 1e-12);
+  EXPECT_NEAR(checkZeroCrossing(0.5, 0.1, 6.2), 6.2 + 0.5 * (0.1 + 2 * M_PI - 6.2), 1e-12);
+}
+
+TEST(BeamMotion, BodyBeamTurnsWithItsHost) {
+  BodyBeamMotionUD motion;
+  motion.AddState(BeamStateUD(0, 100, 10 * kDeg, 0));
+  BeamStateUD out;
+  ASSERT_TRUE(motion.GetState(0, out, nullptr));
+  EXPECT_NEAR(out.azimuth, 10 * kDeg, 1e-12);
+  MotionStateUD host = platformState(0, 0, 0, 0, 90);
+  ASSERT_TRUE(motion.GetState(0, out, &host));
+  EXPECT_NEAR(out.azimuth / kDeg, 100, 1e-9);
+}
+
+TEST(BeamMotion, TargetBeamPointsAtTheTarget) {
+  BeamStateUD out;
+  const MotionStateUD host = platformState(0, 0, 0, 0);
+  const MotionStateUD target = platformState(0, 0, 0.01, 0);  // due east
+  ASSERT_TRUE(TargetBeamMotionUD::GetState(3, host, &target, out));
+  EXPECT_NEAR(out.azimuth / kDeg, 90, 1e-6);
+  EXPECT_NEAR(out.range, 1113.2, 1.0);
+  EXPECT_FALSE(TargetBeamMotionUD::GetState(3, host, nullptr, out));
+}
+
+TEST(GateMotion, InterpolatesEveryValue) {
+  LinearGateMotionUD motion;
+  motion.AddState(GateStateUD(0, 0, 0, 1, 1, 100, 200, 150));
+  motion.AddState(GateStateUD(10, 20 * kDeg, 0, 3, 1, 300, 400, 350));
+  GateStateUD out;
+  ASSERT_TRUE(motion.GetState(5, out));
+  EXPECT_DOUBLE_EQ(out.width, 2);
+  EXPECT_DOUBLE_EQ(out.minRange, 200);
+  EXPECT_DOUBLE_EQ(out.centroid, 250);
+  EXPECT_NEAR(out.azimuth, 10 * kDeg, 1e-12);
+}
+
+TEST(LobMotion, ManyBearingsPerTime) {
+  LOBMotionUD motion;
+  motion.addState(LOBStateUD(1, 100, 0.1, 0));
+  motion.addState(LOBStateUD(1, 200, 0.2, 0));
+  motion.addState(LOBStateUD(2, 300, 0.3, 0));
+  EXPECT_EQ(motion.Size(), 3u);
+  EXPECT_TRUE(motion.deleteState(1, 200, 0.2, 0));
+  EXPECT_FALSE(motion.deleteState(1, 200, 0.2, 0));
+  EXPECT_EQ(motion.Size(), 2u);
+}
+
+class PlatformStates : public ::testing::Test {
+ protected:
+  PlatformStates() : platform(new PlatformUD(&scenario, std::make_unique<PlatformHeaderUD>())) {
+    platform->SetUniqueID(1);
+    EXPECT_EQ(platform->AddToScenario(&scenario), 0);
+  }
+  ScenarioUD scenario;
+  PlatformUD* platform;
+  const double pos[3] = {0.1, 0.2, 10};
+};
+
+TEST_F(PlatformStates, AddStateChecksInOrder) {
+  const double inf = std::numeric_limits<double>::infinity();
+  const double huge[3] = {0.1, 0.2, 3.5e38};
+  const double nanPos[3] = {NAN, 0, 0};
+  const double badAngle[3] = {2 * M_PI + 0.0002, 0, 0};
+  const double okAngle[3] = {2 * M_PI + 0.00005, 0, 0};
+  const double badVelocity[3] = {0, inf, 0};
+  EXPECT_EQ(platform->AddState(0, huge, nullptr, nullptr), UD_BAD_PLAT_POSITION);
+  EXPECT_EQ(platform->AddState(0, nanPos, nullptr, nullptr), UD_BAD_PLAT_POSITION);
+  EXPECT_EQ(platform->AddState(0, pos, badAngle, badVelocity), UD_BAD_PLAT_ANGLE);
+  EXPECT_EQ(platform->AddState(0, pos, okAngle, badVelocity), UD_BAD_PLAT_VELOCITY);
+  EXPECT_EQ(platform->AddState(0, pos, nullptr, nullptr, huge), UD_BAD_PLAT_ACCELERATION);
+  EXPECT_EQ(platform->AddState(NAN, pos, nullptr, nullptr), UD_BAD_TIME_VALUE);
+  EXPECT_EQ(platform->AddState(0, pos, okAngle, nullptr), UD_NO_ERROR);
+  EXPECT_EQ(platform->AddState(-1, pos, nullptr, nullptr), UD_BAD_TIME_VALUE);
+  EXPECT_FALSE(platform->isStatic());
+}
+
+TEST_F(PlatformStates, MinusOneFirstMakesTheplatformStatic) {
+  ASSERT_EQ(platform->AddState(-1, pos, nullptr, nullptr), UD_NO_ERROR);
+  EXPECT_TRUE(platform->isStatic());
+  EXPECT_TRUE(platform->Active());
+  EXPECT_EQ(platform->AddState(-5, pos, nullptr, nullptr), UD_NO_ERROR);
+}
+
+TEST_F(PlatformStates, SpeedFormBuildsVelocityAlongYaw) {
+  const double ori[3] = {M_PI / 2, 0, 0};
+  ASSERT_EQ(platform->AddState(5, pos, ori, 10.0), UD_NO_ERROR);
+  const MotionStateUD& s = platform->Motion()->states().at(5);
+  EXPECT_NEAR(s.velEast, 10, 1e-12);
+  EXPECT_NEAR(s.velNorth, 0, 1e-12);
+  EXPECT_NEAR(s.Speed(), 10, 1e-12);
+  EXPECT_TRUE(platform->Motion()->hasVelocity());
+}
+
+TEST(AngleChecks, Limits) {
+  EXPECT_FALSE(udIsBadAngle(2 * M_PI + 0.00005));
+  EXPECT_TRUE(udIsBadAngle(2 * M_PI + 0.0002));
+  EXPECT_FALSE(udIsBadElevAngle(-M_PI / 2 - 0.00005));
+  EXPECT_TRUE(udIsBadElevAngle(M_PI / 2 + 0.0002));
+  EXPECT_TRUE(udIsFltMax(-3.5e38));
+  EXPECT_FALSE(udIsFltMax(3.4e38));
+  double yaw = -M_PI / 2, pitch = 3 * M_PI / 2, roll = 0;
+  udFixOrientationAngles(yaw, pitch, roll);
+  EXPECT_NEAR(yaw, 3 * M_PI / 2, 1e-12);
+  EXPECT_NEAR(pitch, -M_PI / 2, 1e-12);
+}
+
+}  // namespace
