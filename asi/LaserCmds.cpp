@@ -3,7 +3,6 @@
 #include <cmath>
 #include <limits>
 
-#include "core/Angle.h"
 #include "core/ValidNumber.h"
 
 namespace AsiInterface {
@@ -38,18 +37,7 @@ int LaserCoordSystem::change_(const std::vector<std::string>& tokens, PIData::PI
 }
 
 int LaserRefLla::change_(const std::vector<std::string>& tokens, PIData::PICoordReferenceFrame& frame) {
-  double lat = 0.0;
-  double lon = 0.0;
-  double alt = 0.0;
-  if (orvCore::getAngleFromDegreeString(tokens[2], true, lat) != 0 ||
-      orvCore::getAngleFromDegreeString(tokens[3], true, lon) != 0 || !orvCore::isValidNumber(tokens[4], alt, true)) {
-    setMessage(PICommon::PI_NOTIFY_ERROR, "Invalid coordinates");
-    return 1;
-  }
-  frame.latitude = lat;
-  frame.longitude = lon;
-  frame.altitude = alt;
-  return 0;
+  return setReferenceLla_(tokens[2], tokens[3], tokens[4], frame);
 }
 
 void LaserAzElBody::executeStage1(const std::vector<std::string>& tokens) {

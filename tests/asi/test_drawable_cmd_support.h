@@ -68,4 +68,14 @@ class PlotDrawableFixture : public DrawableFixture {
   }
 };
 
+// The same with a host that refuses to create the hung objects.
+class RefusingDrawableFixture : public DrawableFixture {
+ protected:
+  RefHost::HostConfig hostConfig() const override {
+    RefHost::HostConfig config = DrawableFixture::hostConfig();
+    config.refusals = {"createLaser", "createLob", "createProjector", "createCustomRendering"};
+    return config;
+  }
+};
+
 }  // namespace DrawableCmdTest

@@ -20,15 +20,7 @@ class LaserTest : public DrawableFixture {};
 class LobTest : public DrawableFixture {};
 class PlotHostTest : public PlotDrawableFixture {};
 
-// A host that refuses to create the hung objects.
-class RefusingHostTest : public DrawableFixture {
- protected:
-  RefHost::HostConfig hostConfig() const override {
-    RefHost::HostConfig config = DrawableFixture::hostConfig();
-    config.refusals = {"createLaser", "createLob", "createProjector", "createCustomRendering"};
-    return config;
-  }
-};
+class RefusingHostTest : public RefusingDrawableFixture {};
 
 }  // namespace
 

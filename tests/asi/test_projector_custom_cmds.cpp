@@ -25,14 +25,7 @@ class ProjectorTest : public DrawableFixture {
 
 class CustomRenderingTest : public DrawableFixture {};
 
-class RefusingHostTest : public DrawableFixture {
- protected:
-  RefHost::HostConfig hostConfig() const override {
-    RefHost::HostConfig config = DrawableFixture::hostConfig();
-    config.refusals = {"createProjector", "createCustomRendering"};
-    return config;
-  }
-};
+class RefusingHostTest : public RefusingDrawableFixture {};
 
 }  // namespace
 
