@@ -3,6 +3,7 @@
 // it plays, what its settings store and dialogs answer, and which requests it
 // refuses. Plain data, so that a command line can fill it field by field.
 
+#include <atomic>
 #include <map>
 #include <set>
 #include <string>
@@ -35,6 +36,10 @@ struct HostConfig {
   // The progress dialogs report "canceled" from the N-th isCanceled query on
   // (counted over all dialogs, the first query being number 1); 0: never.
   long cancelAfter = 0;
+  // The user's cancel, as the cancel button of a progress dialog gives it:
+  // while the flag is up, every isCanceled query answers "canceled". Null:
+  // no such button. (scenario-host raises it on Ctrl-C.)
+  const std::atomic<bool>* cancelRequest = nullptr;
 
   // Client operations to refuse, by name ("createPlatform", "addDataPoint",
   // "loadGOGFile", ...). A refused request changes nothing and answers failure.

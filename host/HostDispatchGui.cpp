@@ -161,7 +161,8 @@ std::uint64_t Dispatcher::progress(Request& r) {
       // stays canceled from then on.
       const long after = host.config_.cancelAfter;
       const bool canceled = after > 0 && ++host.cancelQueries_ >= after;
-      return canceled ? 1 : 0;
+      const std::atomic<bool>* request = host.config_.cancelRequest;
+      return canceled || (request && request->load()) ? 1 : 0;
     }
     case 6: return 0;
     default:

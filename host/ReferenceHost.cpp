@@ -10,6 +10,7 @@
 #include "host/HostDispatch.h"
 #include "host/HostServices.h"
 #include "host/ProgressBar.h"
+#include "host/TerminalText.h"
 #include "hostapi/PIBase.h"
 #include "hostapi/PICommon.h"
 
@@ -127,7 +128,7 @@ void ReferenceHost::notify_(std::int64_t severity, const std::string& text, cons
   }
   if (config_.echoConsole) {
     bar_->hide();
-    std::cerr << prefix << text << std::flush;
+    std::cerr << terminalSafe(prefix + text, true) << std::flush;
   }
 }
 
@@ -135,9 +136,11 @@ void ReferenceHost::consolePrint_(const std::string& text) {
   console_.push_back(text);
   if (config_.echoConsole) {
     bar_->hide();
-    std::cerr << text << (text.empty() || text.back() != '\n' ? "\n" : "") << std::flush;
+    std::cerr << terminalSafe(text, true) << (text.empty() || text.back() != '\n' ? "\n" : "") << std::flush;
   }
 }
+
+void ReferenceHost::setProgressWorkBytes(double bytes) { bar_->setWorkBytes(bytes); }
 
 long ReferenceHost::triggerAction(const std::string& name) {
   for (const MenuAction& action : actions_)

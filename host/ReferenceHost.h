@@ -125,6 +125,10 @@ class ReferenceHost : public PIFunctionMap {
   // The advanced-open delegate registered for a file's extension, or null.
   PICommon::FileImportExportDelegateV2* delegateFor(const std::string& path) const;
 
+  // Bytes of the work that the next progress dialogs measure (the file being
+  // read), for the rate that the progress bar shows; 0: unknown.
+  void setProgressWorkBytes(double bytes);
+
   // Used by the dispatch: whether an operation is refused.
   bool refuses(const std::string& operation) const { return config_.refusals.count(operation) != 0; }
 

@@ -1,15 +1,22 @@
 #include "host/cli/PluginLibrary.h"
 
 #include <dlfcn.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <climits>
+#include <cstdlib>
+#include <string>
 
 namespace RefHost {
 
 PluginLibrary::~PluginLibrary() { close(); }
 
-std::string PluginLibrary::besideExecutable() {
+namespace {
+
+constexpr const char* LIBRARY_NAME = "libFileReaderPlugin.so";
+
+std::string executableFolder() {
   char buffer[PATH_MAX];
   const ssize_t length = ::readlink("/proc/self/exe", buffer, sizeof(buffer) - 1);
   std::string folder = ".";
@@ -18,7 +25,26 @@ std::string PluginLibrary::besideExecutable() {
     const std::string::size_type slash = self.rfind('/');
     if (slash != std::string::npos) folder = self.substr(0, slash);
   }
-  return folder + "/libFileReaderPlugin.so";
+  return folder;
+}
+
+bool isFile(const std::string& path) {
+  struct stat info {};
+  return ::stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode);
+}
+
+}  // namespace
+
+std::string PluginLibrary::besideExecutable() { return executableFolder() + "/" + LIBRARY_NAME; }
+
+std::string PluginLibrary::findDefault() {
+  const char* named = std::getenv("SCENARIO_HOST_PLUGIN");
+  if (named && *named) return named;
+  const std::string folder = executableFolder();
+  for (const std::string& candidate : {folder + "/" + LIBRARY_NAME, folder + "/../lib/scenario-host/" + LIBRARY_NAME,
+                                       folder + "/../lib/" + LIBRARY_NAME})
+    if (isFile(candidate)) return candidate;
+  return besideExecutable();
 }
 
 namespace {

@@ -27,6 +27,11 @@ class PluginLibrary {
 
   // "libFileReaderPlugin.so" in the folder of the running executable.
   static std::string besideExecutable();
+  // Where the plug-in is looked for when no path is given: the file that
+  // $SCENARIO_HOST_PLUGIN names; else beside the executable (a build tree);
+  // else in lib/scenario-host/ or lib/ of the executable's prefix (an
+  // installation). The first that exists; besideExecutable() if none does.
+  static std::string findDefault();
 
   OPI_InitializeFunctionMap_t initializeFunctionMap = nullptr;
   OPI_PluginDispatchFunction_t dispatch = nullptr;

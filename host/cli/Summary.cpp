@@ -1,13 +1,13 @@
 #include "host/cli/Summary.h"
 
 #include <cmath>
-#include <cstdio>
 #include <limits>
-#include <map>
 #include <ostream>
-#include <string>
 
 #include "host/ReferenceHost.h"
+#include "host/TerminalText.h"
+#include "host/cli/IsoTime.h"
+#include "host/cli/MessageLog.h"
 
 namespace RefHost {
 
@@ -24,6 +24,7 @@ const char* resultName(int result) {
 
 int exitStatus(const std::vector<LoadOutcome>& outcomes) {
   for (const LoadOutcome& outcome : outcomes) {
+    if (outcome.skipped) return 1;
     if (!outcome.reported || outcome.result == 0) continue;
     switch (outcome.result) {
       case 1: return 1;
@@ -35,17 +36,15 @@ int exitStatus(const std::vector<LoadOutcome>& outcomes) {
   return 0;
 }
 
-namespace {
-
-// Seconds in plain notation with at most millisecond digits: "600", "11521800.25".
-std::string seconds(double value) {
-  char text[64];
-  std::snprintf(text, sizeof text, "%.3f", value);
-  std::string out(text);
-  while (!out.empty() && out.back() == '0') out.pop_back();
-  if (!out.empty() && out.back() == '.') out.pop_back();
-  return out;
+std::string fileOfPoint(const std::vector<LoadOutcome>& outcomes, std::uint64_t id, std::size_t index) {
+  for (const LoadOutcome& outcome : outcomes) {
+    const auto it = outcome.pointsAfter.find(id);
+    if (it != outcome.pointsAfter.end() && index < it->second) return outcome.path;
+  }
+  return "";
 }
+
+namespace {
 
 void widen(const Series& series, double& first, double& last) {
   if (!series.hasTimedRecords()) return;
@@ -53,21 +52,33 @@ void widen(const Series& series, double& first, double& last) {
   last = std::max(last, series.maxTime());
 }
 
+std::string counted(std::size_t n, const char* one, const char* many) {
+  return std::to_string(n) + " " + (n == 1 ? one : many);
+}
+
+std::string quoted(const std::string& text) { return "\"" + terminalSafe(text) + "\""; }
+
 }  // namespace
 
-void writeSummary(std::ostream& out, const ReferenceHost& host, const std::vector<LoadOutcome>& outcomes) {
+void writeSummary(std::ostream& out, const ReferenceHost& host, const std::vector<LoadOutcome>& outcomes,
+                  const MessageLog& messages, const RunVerdict& verdict) {
   const HostScenario& scenario = host.scenario();
+  const ScenarioSettings& settings = scenario.settings();
   out << "---- scenario-host summary ----\n";
   for (const LoadOutcome& outcome : outcomes) {
-    out << "file:      " << outcome.path << "  ";
-    if (outcome.reported)
+    out << "file:      " << terminalSafe(outcome.path) << "  ";
+    if (outcome.skipped)
+      out << "not loaded (interrupted)\n";
+    else if (outcome.reported)
       out << "result " << outcome.result << " (" << resultName(outcome.result) << ")\n";
     else
       out << "(the dialog path reports no result)\n";
   }
-  out << "exit:      " << exitStatus(outcomes) << "\n";
-  out << "scenario:  " << (scenario.settings().initialized ? "\"" + scenario.settings().fileName + "\"" : "none")
-      << ", reference year " << scenario.settings().referenceYear << "\n";
+  out << "exit:      " << verdict.exitStatus << (verdict.why.empty() ? "" : " (" + verdict.why + ")") << "\n";
+  out << "scenario:  " << (settings.initialized ? quoted(settings.fileName) : std::string("none"))
+      << ", reference year " << settings.referenceYear << "\n";
+  if (!settings.classification.empty()) out << "           classification " << quoted(settings.classification) << "\n";
+  if (!settings.description.empty()) out << "           description " << quoted(settings.description) << "\n";
 
   std::map<std::uint32_t, std::size_t> byKind;
   std::size_t points = 0, records = 0;
@@ -98,11 +109,14 @@ void writeSummary(std::ostream& out, const ReferenceHost& host, const std::vecto
   out << "tables:    " << scenario.tables().size() << "\n";
   out << "time span: ";
   if (first <= last)
-    out << seconds(first) << " .. " << seconds(last) << " s of " << scenario.settings().referenceYear << "\n";
+    out << timeText(settings.referenceYear, first) << " .. " << timeText(settings.referenceYear, last) << " ("
+        << durationText(last - first) << ")\n";
   else
     out << "none\n";
-  out << "messages:  " << host.notifications().size() << " notifications, " << host.messageBoxes().size()
-      << " message boxes, " << host.signalsRaised().size() << " signals\n";
+  out << "messages:  " << counted(messages.errors(), "error", "errors") << ", "
+      << counted(messages.warnings(), "warning", "warnings") << ", " << counted(messages.notes(), "note", "notes")
+      << "; " << counted(host.messageBoxes().size(), "message box", "message boxes") << ", "
+      << counted(host.signalsRaised().size(), "signal", "signals") << "\n";
 }
 
 }  // namespace RefHost

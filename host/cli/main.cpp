@@ -2,93 +2,104 @@
 // drives it as a user of the display or plot application would. Usage and
 // output formats: docs/scenario-host.md.
 
+#include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdio>
-#include <fstream>
 #include <iostream>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
-
 #include "host/ReferenceHost.h"
+#include "host/TerminalText.h"
+#include "host/cli/Interrupt.h"
 #include "host/cli/LineSink.h"
+#include "host/cli/MessageLog.h"
+#include "host/cli/Options.h"
+#include "host/cli/OutputFile.h"
 #include "host/cli/PluginLibrary.h"
+#include "host/cli/Reports.h"
 #include "host/cli/Summary.h"
 #include "hostapi/PICommon.h"
 #include "hostapi/PIDataRecords.h"
 
+#ifndef SCENARIO_HOST_VERSION
+#define SCENARIO_HOST_VERSION "unknown"
+#endif
+
 namespace {
 
-constexpr int EXIT_USAGE = 64;
-constexpr int EXIT_NO_PLUGIN = 69;
-constexpr int EXIT_CANNOT_WRITE = 73;
-
-struct Options {
-  std::vector<std::string> files;
-  std::string plugin;
-  std::string via = "delegate";
-  bool append = false;
-  std::string app = "display";
-  std::vector<std::string> settings;
-  long cancelAfter = 0;
-  std::string locate;
-  bool noSignalService = false;
-  std::vector<std::string> refusals;
-  bool noData = false;
-  std::string messagesFile, dumpFile, traceFile;
-  bool noProgress = false;
-};
-
-// Echoes the host's notifications to stderr as they arrive, and copies the
-// log lines to the --messages file when there is one.
-class MessageEcho {
- public:
-  MessageEcho(std::ostream* file, bool clearBar) : file_(file), clearBar_(clearBar) {}
-  void operator()(const std::string& line) const {
-    if (file_) *file_ << line << '\n' << std::flush;
-    const nlohmann::json entry = nlohmann::json::parse(line, nullptr, false);
-    if (entry.is_discarded()) return;
-    const std::string text = entry.value("prefix", std::string()) + entry.value("text", std::string());
-    // A progress bar on the terminal's last line gives way; it is drawn again
-    // at its next update.
-    if (clearBar_) std::cerr << "\r\033[K";
-    std::cerr << text;
-    if (text.empty() || text.back() != '\n') std::cerr << '\n';
-    std::cerr << std::flush;
-  }
-
- private:
-  std::ostream* file_;
-  bool clearBar_;
-};
+using namespace RefHost;
 
 class Driver {
  public:
-  Driver(RefHost::ReferenceHost& host, RefHost::PluginLibrary& plugin) : host_(host), plugin_(plugin) {}
+  Driver(ReferenceHost& host, PluginLibrary& plugin, MessageLog& messages)
+      : host_(host), plugin_(plugin), messages_(messages) {}
 
   // New message boxes and console lines since the last call, to stderr.
   void echoHostOutput() {
     const auto& boxes = host_.messageBoxes();
     for (; boxesShown_ < boxes.size(); ++boxesShown_)
-      std::cerr << boxes[boxesShown_].first << ": " << boxes[boxesShown_].second << '\n';
+      messages_.echoMessageBox(boxes[boxesShown_].first, boxes[boxesShown_].second);
     const auto& lines = host_.consoleLines();
-    for (; linesShown_ < lines.size(); ++linesShown_) {
-      std::cerr << lines[linesShown_];
-      if (lines[linesShown_].empty() || lines[linesShown_].back() != '\n') std::cerr << '\n';
+    for (; linesShown_ < lines.size(); ++linesShown_) messages_.echoConsoleLine(lines[linesShown_]);
+  }
+
+  // Loads every file the way `via` says, stopping at an interrupt.
+  std::vector<LoadOutcome> loadAll(const Options& opt) {
+    std::vector<LoadOutcome> outcomes;
+    if (opt.via == "dialog") {
+      // One selection: the messages of several files can't be told apart.
+      messages_.setCurrentFile(opt.files.size() == 1 ? opt.files[0] : std::string());
+      outcomes = runMenuCommand(opt.files, opt.append);
+    } else {
+      for (std::size_t i = 0; i < opt.files.size(); ++i) {
+        const std::string& path = opt.files[i];
+        if (InterruptHandler::interrupted()) {
+          LoadOutcome skipped{path, false, 0, true, {}};
+          outcomes.push_back(skipped);
+          continue;
+        }
+        messages_.setCurrentFile(path);
+        host_.setProgressWorkBytes(workBytes(path));
+        outcomes.push_back(opt.via == "open" ? openLocation(path) : openWithDelegate(path, opt.append || i > 0));
+      }
     }
-    std::cerr << std::flush;
+    messages_.setCurrentFile("");
+    for (LoadOutcome& outcome : outcomes) {
+      if (!outcome.skipped && outcome.pointsAfter.empty()) outcome.pointsAfter = pointCounts();
+    }
+    return outcomes;
+  }
+
+ private:
+  // The file's size for the progress bar's rate; 0 for archives, whose
+  // dialogs measure their members.
+  static double workBytes(const std::string& path) {
+    struct stat info {};
+    if (::stat(path.c_str(), &info) != 0) return 0.0;
+    const bool archive = path.size() >= 4 && (path.compare(path.size() - 4, 4, ".zip") == 0 ||
+                                              path.compare(path.size() - 4, 4, ".ZIP") == 0);
+    return archive ? 0.0 : static_cast<double>(info.st_size);
+  }
+
+  std::map<std::uint64_t, std::size_t> pointCounts() const {
+    std::map<std::uint64_t, std::size_t> counts;
+    for (const auto& object : host_.scenario().objects()) counts[object->id] = object->data(SERIES_POINTS).count();
+    return counts;
+  }
+
+  LoadOutcome finished(const std::string& path, int result) {
+    echoHostOutput();
+    LoadOutcome outcome{path, true, result, false, pointCounts()};
+    return outcome;
   }
 
   // The host's advanced open of one file, by the delegate of its pattern.
-  RefHost::LoadOutcome openWithDelegate(const std::string& path, bool append) {
+  LoadOutcome openWithDelegate(const std::string& path, bool append) {
     PICommon::FileImportExportDelegateV2* delegate = host_.delegateFor(path);
     if (!delegate) {
       // As an "All Files (*)" open would: the file goes to the plug-in anyway.
-      for (const RefHost::FileHandler& handler : host_.fileHandlers())
+      for (const FileHandler& handler : host_.fileHandlers())
         if (handler.delegate) {
           delegate = handler.delegate;
           break;
@@ -96,112 +107,50 @@ class Driver {
     }
     if (!delegate) {
       std::cerr << "scenario-host: the plug-in registered no open delegate\n";
-      return {path, true, -1};
+      return finished(path, -1);
     }
     const PICommon::FileOptions options{{PICommon::FileImportExportDelegate::APPEND, append ? "true" : "false"}};
-    const int result = delegate->processFileWithOptions(path, options);
-    echoHostOutput();
-    return {path, true, result};
+    return finished(path, delegate->processFileWithOptions(path, options));
   }
 
   // The host's own open: always an import, outcome in a message box.
-  RefHost::LoadOutcome openLocation(const std::string& path) {
+  LoadOutcome openLocation(const std::string& path) {
     const int result = static_cast<int>(
         plugin_.dispatch(FileReaderPlugin::OPI_OPEN_LOCATION, path.c_str(), 0, static_cast<int>(PIData::PI_PROTOCOL_NONE)));
-    echoHostOutput();
-    return {path, true, result};
+    return finished(path, result);
   }
 
   // The menu command; its dialog answers every file at once.
-  std::vector<RefHost::LoadOutcome> runMenuCommand(const std::vector<std::string>& files, bool append) {
+  std::vector<LoadOutcome> runMenuCommand(const std::vector<std::string>& files, bool append) {
     const std::string action = append ? "Show ASI Append" : "Show ASI Import";
     const long answer = host_.triggerAction(action);
     echoHostOutput();
-    std::vector<RefHost::LoadOutcome> outcomes;
-    if (answer < 0) {
-      std::cerr << "scenario-host: the plug-in created no action \"" << action << "\"\n";
-      for (const std::string& f : files) outcomes.push_back({f, true, -1});
-      return outcomes;
+    std::vector<LoadOutcome> outcomes;
+    if (answer < 0) std::cerr << "scenario-host: the plug-in created no action \"" << action << "\"\n";
+    for (const std::string& f : files) {
+      LoadOutcome outcome{f, answer < 0, answer < 0 ? -1 : 0, false, {}};
+      outcomes.push_back(outcome);
     }
-    for (const std::string& f : files) outcomes.push_back({f, false, 0});
     return outcomes;
   }
 
- private:
-  RefHost::ReferenceHost& host_;
-  RefHost::PluginLibrary& plugin_;
+  ReferenceHost& host_;
+  PluginLibrary& plugin_;
+  MessageLog& messages_;
   std::size_t boxesShown_ = 0;
   std::size_t linesShown_ = 0;
 };
 
-bool openOutput(const std::string& path, std::ofstream& out) {
-  if (path.empty()) return true;
-  out.open(path, std::ios::out | std::ios::trunc);
-  if (!out) std::cerr << "scenario-host: cannot write \"" << path << "\"\n";
-  return static_cast<bool>(out);
-}
-
-}  // namespace
-
-int main(int argc, char** argv) {
-  Options opt;
-  CLI::App app{
-      "scenario-host: loads the file-reading plug-in (libFileReaderPlugin.so) into the reference host and\n"
-      "drives it as a user would. Notifications go to stderr as they arrive, message boxes as\n"
-      "\"title: text\"; stdout ends with a summary. Exit status: 0 loaded, 1 canceled, 2 loaded with\n"
-      "errors, 3 failed (-1), 4 stopped after too many errors (-2); with several files the first\n"
-      "non-zero result counts; 64 bad usage, 69 plug-in not loadable, 73 an output file not writable.",
-      "scenario-host"};
-  app.add_option("FILE", opt.files, "Files to load: the first as given by --append, each further one appended")
-      ->required();
-  app.add_option("--plugin", opt.plugin, "The plug-in library (default: libFileReaderPlugin.so beside the executable)");
-  app.add_option("--via", opt.via,
-                 "How the files reach the plug-in: delegate (the open delegate registered for the file's\n"
-                 "pattern; default), open (the host's openLocation, always an import, outcome in a message\n"
-                 "box), dialog (the menu command \"Show ASI Import\", or \"Show ASI Append\" with --append,\n"
-                 "with the file dialog answering all FILEs joined by \";\"; no load result is reported)")
-      ->check(CLI::IsMember({"delegate", "open", "dialog"}));
-  app.add_flag("--append", opt.append, "Append the first file too instead of importing it");
-  app.add_option("--app", opt.app, "The application the host plays: display, plot, display10 or plot10")
-      ->check(CLI::IsMember({"display", "plot", "display10", "plot10"}));
-  app.add_option("--setting", opt.settings, "Settings-store entry KEY=VALUE before start-up (repeatable)")
-      ->check([](const std::string& text) {
-        return text.find('=') == std::string::npos || text.front() == '=' ? std::string("expected KEY=VALUE")
-                                                                           : std::string();
-      });
-  app.add_option("--cancel-after", opt.cancelAfter,
-                 "Progress dialogs report a cancel from the N-th isCanceled query on (0: never)")
-      ->check(CLI::NonNegativeNumber);
-  app.add_option("--locate", opt.locate, "Folder in which the file-locator service finds files (default: no service)");
-  app.add_flag("--no-signal-service", opt.noSignalService, "Offer no signal service");
-  app.add_option("--refuse", opt.refusals,
-                 "Refuse a client operation by name, e.g. createPlatform, addDataPoint, addCategoryData,\n"
-                 "loadGOGFile (repeatable)");
-  app.add_flag("--no-data", opt.noData, "Keep counts and time spans of the data, not the data itself");
-  app.add_option("--messages", opt.messagesFile, "Write every notification to F, one JSON object per line");
-  app.add_option("--dump", opt.dumpFile, "Write the host's scenario and interface state to F as JSON at the end");
-  app.add_option("--trace", opt.traceFile, "Write every host request to F, one JSON object per line");
-  app.add_flag("--no-progress", opt.noProgress, "Draw no progress bar on a terminal");
-
-  try {
-    app.parse(argc, argv);
-  } catch (const CLI::ParseError& e) {
-    const int code = app.exit(e);
-    return code == 0 ? 0 : EXIT_USAGE;
-  }
-  if (opt.append && opt.via == "open") {
-    std::cerr << "scenario-host: --append cannot be combined with --via open: the host's open always imports\n";
-    return EXIT_USAGE;
-  }
-
-  RefHost::HostConfig config;
-  config.application = opt.app.rfind("plot", 0) == 0 ? RefHost::Application::Plot : RefHost::Application::Display;
+HostConfig hostConfig(const Options& opt) {
+  HostConfig config;
+  config.application = opt.app.rfind("plot", 0) == 0 ? Application::Plot : Application::Display;
   config.version10 = opt.app.size() > 2 && opt.app.compare(opt.app.size() - 2, 2, "10") == 0;
   for (const std::string& s : opt.settings) {
     const std::string::size_type eq = s.find('=');
     config.settings[s.substr(0, eq)] = s.substr(eq + 1);
   }
   config.cancelAfter = opt.cancelAfter;
+  config.cancelRequest = &InterruptHandler::flag();
   config.locateDir = opt.locate;
   config.signalService = !opt.noSignalService;
   config.refusals.insert(opt.refusals.begin(), opt.refusals.end());
@@ -214,57 +163,118 @@ int main(int argc, char** argv) {
     for (const std::string& f : opt.files) joined += (joined.empty() ? "" : ";") + f;
     config.fileDialogAnswers.push_back(joined);
   }
+  return config;
+}
 
-  std::ofstream messagesOut, traceOut, dumpOut;
-  if (!openOutput(opt.messagesFile, messagesOut) || !openOutput(opt.traceFile, traceOut) ||
-      !openOutput(opt.dumpFile, dumpOut))
-    return EXIT_CANNOT_WRITE;
+std::string pluginPath(const Options& opt) {
+  return opt.plugin.empty() ? PluginLibrary::findDefault() : opt.plugin;
+}
 
-  RefHost::PluginLibrary plugin;
-  const std::string pluginPath = opt.plugin.empty() ? RefHost::PluginLibrary::besideExecutable() : opt.plugin;
-  if (!plugin.open(pluginPath)) {
-    std::cerr << "scenario-host: cannot load the plug-in \"" << pluginPath << "\": " << plugin.error() << "\n";
+// --version: the command's version and what the plug-in says of itself.
+int printVersion(const Options& opt) {
+  std::cout << "scenario-host " << SCENARIO_HOST_VERSION << "\n";
+  PluginLibrary plugin;
+  const std::string path = pluginPath(opt);
+  if (!plugin.open(path)) {
+    std::cerr << "scenario-host: cannot load the plug-in \"" << terminalSafe(path) << "\": " << plugin.error() << "\n";
+    return EXIT_NO_PLUGIN;
+  }
+  HostConfig quiet;
+  quiet.progressBar = false;
+  quiet.echoConsole = false;
+  {
+    ReferenceHost host(quiet);
+    plugin.initializeFunctionMap(&host, &host);
+    const auto text = [&](int message) {
+      const char* answer = reinterpret_cast<const char*>(plugin.dispatch(message));
+      return terminalSafe(answer ? answer : "");
+    };
+    std::cout << "plug-in " << text(FileReaderPlugin::OPI_NAME) << " " << text(FileReaderPlugin::OPI_VERSION)
+              << " (host API " << plugin.versionInfoEx(0) << "." << plugin.versionInfoEx(1) << "."
+              << plugin.versionInfoEx(2) << ", " << terminalSafe(path) << ")\n";
+    plugin.cleanUp();
+  }
+  plugin.close();
+  std::cout.flush();
+  return std::cout ? 0 : EXIT_CANNOT_WRITE;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  Options opt;
+  const int parsed = parseOptions(argc, argv, opt);
+  if (parsed >= 0) return parsed;
+  if (opt.version) return printVersion(opt);
+
+  OutputFile messagesOut(opt.messagesFile), traceOut(opt.traceFile), dumpOut(opt.dumpFile);
+  if (!messagesOut.open() || !traceOut.open() || !dumpOut.open()) return EXIT_CANNOT_WRITE;
+  // Reports go to stdout unless one of the JSON outputs took it.
+  const bool stdoutTaken =
+      messagesOut.toStandardOutput() || traceOut.toStandardOutput() || dumpOut.toStandardOutput();
+  std::ostream& report = stdoutTaken ? std::cerr : std::cout;
+
+  PluginLibrary plugin;
+  const std::string path = pluginPath(opt);
+  if (!plugin.open(path)) {
+    std::cerr << "scenario-host: cannot load the plug-in \"" << terminalSafe(path) << "\": " << plugin.error() << "\n";
     return EXIT_NO_PLUGIN;
   }
 
-  std::vector<RefHost::LoadOutcome> outcomes;
+  InterruptHandler interrupt;
+  const HostConfig config = hostConfig(opt);
+  MessageLog messages(messagesOut.requested() ? &messagesOut.stream() : nullptr,
+                      config.progressBar && ::isatty(STDERR_FILENO));
+  std::vector<LoadOutcome> outcomes;
+  RunVerdict verdict;
   {
-    RefHost::ReferenceHost host(config);
-    RefHost::LineSinkStream messages(
-        MessageEcho(opt.messagesFile.empty() ? nullptr : &messagesOut, config.progressBar && ::isatty(2)));
-    host.setNotificationLogStream(&messages);
-    if (!opt.traceFile.empty()) host.setTraceStream(&traceOut);
+    ReferenceHost host(config);
+    LineSinkStream messageLines([&messages](const std::string& line) { messages.onLogLine(line); });
+    host.setNotificationLogStream(&messageLines);
+    if (traceOut.requested()) host.setTraceStream(&traceOut.stream());
 
     plugin.initializeFunctionMap(&host, &host);
     char* startArgs[] = {argv[0], nullptr};
     plugin.dispatch(FileReaderPlugin::OPI_START_UP, 1, startArgs);
 
-    Driver driver(host, plugin);
+    Driver driver(host, plugin, messages);
     driver.echoHostOutput();
-    if (opt.via == "dialog") {
-      outcomes = driver.runMenuCommand(opt.files, opt.append);
-    } else {
-      for (std::size_t i = 0; i < opt.files.size(); ++i) {
-        if (opt.via == "open")
-          outcomes.push_back(driver.openLocation(opt.files[i]));
-        else
-          outcomes.push_back(driver.openWithDelegate(opt.files[i], opt.append || i > 0));
-      }
-    }
+    outcomes = driver.loadAll(opt);
 
     plugin.dispatch(FileReaderPlugin::OPI_CLOSE);
     plugin.cleanUp();
     driver.echoHostOutput();
-
-    if (!opt.dumpFile.empty()) {
-      host.writeDump(dumpOut);
-      dumpOut.flush();
-    }
     host.setTraceStream(nullptr);
     host.setNotificationLogStream(nullptr);
+
+    if (dumpOut.requested()) host.writeDump(dumpOut.stream());
+    bool written = messagesOut.finish();
+    written = traceOut.finish() && written;
+    written = dumpOut.finish() && written;
+
+    verdict.exitStatus = exitStatus(outcomes);
+    if (!written) {
+      verdict.exitStatus = EXIT_CANNOT_WRITE;
+      verdict.why = "an output could not be written";
+    } else if (opt.strict && verdict.exitStatus == 0 && (messages.errors() + messages.warnings()) > 0) {
+      verdict.exitStatus = EXIT_STRICT;
+      verdict.why = "--strict: warnings or errors were reported";
+    }
+
     std::cout.flush();
-    RefHost::writeSummary(std::cout, host, outcomes);
+    if (opt.list) writeObjectList(report, host);
+    if (opt.check) {
+      CheckLimits limits;
+      limits.maxSpeed = opt.maxSpeed;
+      writeSanityNotes(report, host, outcomes, limits);
+    }
+    writeSummary(report, host, outcomes, messages, verdict);
   }
   plugin.close();
-  return RefHost::exitStatus(outcomes);
+  report.flush();
+  if (!std::cout) {
+    std::cerr << "scenario-host: writing standard output failed\n";
+    return EXIT_CANNOT_WRITE;
+  }
+  return verdict.exitStatus;
 }
