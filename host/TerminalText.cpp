@@ -71,6 +71,22 @@ std::string terminalSafe(const std::string& text, bool keepLineFeeds) {
   return out;
 }
 
+std::string validUtf8(const std::string& text) {
+  std::string out;
+  out.reserve(text.size());
+  for (std::size_t i = 0; i < text.size();) {
+    const std::size_t length = utf8Length(text, i);
+    if (length == 0) {
+      out += "\xEF\xBF\xBD";
+      ++i;
+    } else {
+      out.append(text, i, length);
+      i += length;
+    }
+  }
+  return out;
+}
+
 std::size_t displayWidth(const std::string& text) {
   std::size_t columns = 0;
   for (unsigned char c : text) columns += (c & 0xC0) != 0x80;

@@ -15,6 +15,10 @@ namespace RefHost {
 // any UTF-8 character, passes unchanged.
 std::string terminalSafe(const std::string& text, bool keepLineFeeds = false);
 
+// `text` with every byte that is not part of well-formed UTF-8 replaced by
+// U+FFFD, for outputs that must be UTF-8 (XML).
+std::string validUtf8(const std::string& text);
+
 // Columns that `text` takes, counting one per UTF-8 character (wide East
 // Asian characters are not told apart).
 std::size_t displayWidth(const std::string& text);

@@ -1,16 +1,25 @@
 #include "pipeline/LegacyReader.h"
 
 #include "core/StringUtils.h"
+#include "document/AsiScenarioFile.h"
+#include "document/ProgressPrinter.h"
 #include "hostapi/PICommon.h"
+#include "hostapi/PIData.h"
+#include "importers/ImporterTable.h"
 #include "pipeline/Unzip.h"
 
+#include <algorithm>
 #include <fstream>
 #include <vector>
 
 namespace FileReaderPlugin {
 
-LegacyReader::LegacyReader(PUUnzip::Unzip& unzip)
-    : unzip_(unzip), extensions_{".csv", ".tle", ".gpx", ".otg", ".pet", ".kp", ".wam"} {}
+LegacyReader::LegacyReader(PUUnzip::Unzip& unzip) : LegacyReader(unzip, Importers::sideFormatImporters()) {}
+
+LegacyReader::LegacyReader(PUUnzip::Unzip& unzip, ImporterTable importers)
+    : unzip_(unzip),
+      extensions_{".csv", ".tle", ".gpx", ".otg", ".pet", ".kp", ".wam"},
+      importers_(std::move(importers)) {}
 
 bool LegacyReader::isSupportedFormat_(const std::string& extension) const {
   return extensions_.count(extension) != 0;
@@ -32,10 +41,37 @@ int LegacyReader::canReadFile(const std::string& path) const {
 }
 
 int LegacyReader::read(const std::string& path) {
-  PICommon::notify("Cannot load \"" + orvCore::toNativeSeparators(path) + "\": reading of " +
-                       orvCore::getExtension(path) + " files is not available in this version of the plug-in.\n",
-                   PICommon::PI_NOTIFY_ERROR, "");
-  return -1;
+  std::vector<std::string> files;
+  const bool archive = orvCore::getExtension(path) == ".zip";
+  if (archive) {
+    const int unzipped = unzip_.unzipFile(path, extensions_, files);
+    if (unzipped != 0) return unzipped;
+    // Members are read in name order, whatever their order in the archive.
+    std::stable_sort(files.begin(), files.end());
+  } else {
+    files.push_back(path);
+  }
+
+  AsiScenarioFile scenarioFile(importers_);
+  std::vector<std::string> issues;
+  PICommon::beginWaitCursor();
+  bool failed = false;
+  for (size_t i = 0; i < files.size() && !failed; ++i) {
+    ASIPlugin::ProgressPrinter progress(files[i]);
+    const bool append = i == 0 ? append_ : true;
+    failed = scenarioFile.transmitScenario(files[i], nullptr, nullptr, &progress, append, issues);
+    if (progress.isCanceled()) {
+      PICommon::endWaitCursor();
+      return 1;
+    }
+    if (i == 0 && !failed && !append_ && archive) PIData::setScenarioFileName(path);
+  }
+  // Problems in a side-format file are warnings: the load itself went through
+  // or failed as a whole.
+  for (const std::string& issue : issues) PICommon::notify(issue + "\n", PICommon::PI_NOTIFY_WARN, "");
+  PIData::clockAutoConfigureBeginEnd();
+  PICommon::endWaitCursor();
+  return failed ? -1 : 0;
 }
 
 int LegacyReader::getScenarioIdentifier(const std::string& /*path*/, std::string& id) const {

@@ -1,9 +1,10 @@
 #pragma once
 // The reader of the side formats (SCORE/PMRF CSV, TLE, GPX, OTH Gold, PET,
-// Kepler, WAM) and of archives of them. Selection is complete; the document
-// stack that turns these files into host objects is not part of this build
-// yet, so read() reports that and fails.
+// Kepler, WAM) and of archives of them. Each file becomes a document that
+// AsiScenarioFile sends to the host; the members of an archive are read in
+// name order, the first as the load asks, the others appended.
 
+#include "document/ImporterEntry.h"
 #include "pipeline/FileReader.h"
 
 #include <set>
@@ -17,8 +18,12 @@ namespace FileReaderPlugin {
 
 class LegacyReader : public FileReader {
  public:
+  // The side formats of this build (importers/ImporterTable.cpp).
   explicit LegacyReader(PUUnzip::Unzip& unzip);
+  // Reads the formats of `importers` instead.
+  LegacyReader(PUUnzip::Unzip& unzip, ImporterTable importers);
 
+  // 0 loaded, 1 canceled, -1 failed (the reasons are told as warnings).
   int read(const std::string& path) override;
   int canReadFile(const std::string& path) const override;
   // Side formats carry no scenario identifier: `id` is emptied, result 0.
@@ -34,6 +39,7 @@ class LegacyReader : public FileReader {
   bool append_ = false;
   AsiInterface::Resolver* resolver_ = nullptr;
   std::set<std::string> extensions_;
+  ImporterTable importers_;
 };
 
 }  // namespace FileReaderPlugin

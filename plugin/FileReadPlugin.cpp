@@ -19,6 +19,10 @@
 #ifndef ORV_PLUGIN_VERSION
 #define ORV_PLUGIN_VERSION "0.0.0"
 #endif
+// The README as installed with the plug-in (cmake --install).
+#ifndef ORV_PLUGIN_DOC_URL
+#define ORV_PLUGIN_DOC_URL "file:///usr/local/share/doc/FileReaderPlugin/README.md"
+#endif
 
 const char* const FileReadPlugin::ALWAYS_METADATA_RESOLVER = "Always Append By Name and Original ID";
 const char* const FileReadPlugin::AWLAYS_METADATA_RESOLVER_DEFAULT_VALUE = "False";
@@ -84,7 +88,7 @@ bool FileReadPlugin::LoadInORVIDE10() { return true; }
 std::string FileReadPlugin::Description() { return "ORVIDE/Kurvex Plug-in for reading the ASI format."; }
 std::string FileReadPlugin::Author() { return "FileReaderPlugin developers"; }
 std::string FileReadPlugin::Version() { return std::string(ORV_PLUGIN_VERSION) + " " + __DATE__; }
-std::string FileReadPlugin::URL() { return "file:///usr/share/doc/FileReaderPlugin/README.md"; }
+std::string FileReadPlugin::URL() { return ORV_PLUGIN_DOC_URL; }
 std::string FileReadPlugin::ContactInfo() { return "Report problems with the console messages of the load attached."; }
 
 int FileReadPlugin::StartUp() {

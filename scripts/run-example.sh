@@ -2,17 +2,20 @@
 # Sets everything up (packages, configure, build), then loads each example
 # scenario into the reference host through the plug-in, one scenario-host run
 # per scenario (the live feed as its two files), and prints each summary.
-# The host's full state after the harbour scenario is written to
-# build/example-dump.json, after the others to build/example-dump-<name>.json.
+# It builds only what it needs, in a folder of its own (build-run/: no
+# tests, no benchmarks), so that a first run is quick; scripts/test.sh builds
+# everything in build/. The host's full state after the harbour scenario is
+# written to build-run/example-dump.json, after the others to
+# build-run/example-dump-<name>.json.
 # Exits non-zero if any example does not load with result 0.
 # Usage: scripts/run-example.sh [extra scenario-host options...]
 set -uo pipefail
 
 ROOT="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
-BUILD_DIR="$ROOT/build"
+BUILD_DIR="$ROOT/build-run"
 EXAMPLES="$ROOT/examples"
 
-bash "$ROOT/scripts/setup.sh" "$BUILD_DIR" || exit $?
+bash "$ROOT/scripts/setup.sh" "$BUILD_DIR" -DORV_BUILD_TESTS=OFF -DORV_BUILD_BENCH=OFF || exit $?
 
 failed=0
 results=()
@@ -33,7 +36,10 @@ EXTRA=("$@")
 load harbour "$BUILD_DIR/example-dump.json" "$EXAMPLES/harbour.asi"
 load minimal "$BUILD_DIR/example-dump-minimal.json" "$EXAMPLES/minimal.asi"
 load aircraft_ecef "$BUILD_DIR/example-dump-aircraft_ecef.json" "$EXAMPLES/aircraft_ecef.asi"
+load radar "$BUILD_DIR/example-dump-radar.json" "$EXAMPLES/radar.asi"
 load live_feed "$BUILD_DIR/example-dump-live_feed.json" "$EXAMPLES/live_feed_1.asi" "$EXAMPLES/live_feed_2.asi"
+load socal_aswex "$BUILD_DIR/example-dump-socal_aswex.json" "$EXAMPLES/socal_aswex.csv"
+load pmrf_rimpac "$BUILD_DIR/example-dump-pmrf_rimpac.json" "$EXAMPLES/pmrf_rimpac.csv"
 
 echo "==== results"
 printf '%s\n' "${results[@]}"

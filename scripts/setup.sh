@@ -17,6 +17,7 @@ PACKAGES=(
   clang libclang-rt-14-dev
   zip unzip time
   python3-sgp4
+  libcairo2-dev fonts-dejavu-core gdal-bin help2man
 )
 
 SUDO=""

@@ -22,6 +22,14 @@ using CommandList = std::vector<FileReaderPlugin::CommandParser*>;
 void addPlatformCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
                          CommandList& commands);
 
+// Beam commands ("BeamID", "BeamData", "AntennaPattern", ...).
+void addBeamCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                     CommandList& commands);
+
+// Gate commands ("GateID", "GateData", "GateDataRAE", ...).
+void addGateCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                     CommandList& commands);
+
 // Laser commands ("Laser", "LaserOri", ...).
 void addLaserCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
                       CommandList& commands);

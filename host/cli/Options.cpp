@@ -8,6 +8,7 @@
 #include <CLI/CLI.hpp>
 
 #include "host/OperationNames.h"
+#include "host/cli/Exports.h"
 #include "host/TerminalText.h"
 
 namespace RefHost {
@@ -29,6 +30,18 @@ std::string speedCheck(const std::string& text) {
   if (text.empty() || *end != '\0' || !std::isfinite(value) || value <= 0)
     return "expected a speed in metres per second above 0, not \"" + terminalSafe(text) + "\"";
   return "";
+}
+
+std::string exportCheck(const std::string& path) {
+  return exportFormat(path) == ExportFormat::None
+             ? "\"" + terminalSafe(path) + "\": the extension names no export format (.geojson, .csv, .kml, .czml)"
+             : std::string();
+}
+
+std::string plotCheck(const std::string& path) {
+  const bool png = path.size() > 4 && (path.compare(path.size() - 4, 4, ".png") == 0 ||
+                                       path.compare(path.size() - 4, 4, ".PNG") == 0);
+  return png ? std::string() : "\"" + terminalSafe(path) + "\": the picture is a PNG file (.png)";
 }
 
 std::string settingCheck(const std::string& text) {
@@ -105,6 +118,15 @@ int parseOptions(int argc, char** argv, Options& opt) {
                "outside the earth, a platform whose only point is static");
   app.add_option("--max-speed", opt.maxSpeed, "The speed for --check, in metres per second (default 1715, Mach 5)")
       ->check(speedCheck);
+  app.add_option("--export", opt.exports,
+                 "Write what the host received for GIS tools, the format by the extension: .geojson (one\n"
+                 "Feature per platform), .csv (one row per point), .kml (gx:Track per platform), .czml\n"
+                 "(one packet per platform); positions as WGS-84 longitude, latitude, altitude (repeatable)")
+      ->allow_extra_args(false)
+      ->check(exportCheck);
+  app.add_option("--plot", opt.plot,
+                 "Draw a quick-look map of every platform's track into a PNG file")
+      ->check(plotCheck);
   app.add_flag("--version", opt.version, "Print the versions of scenario-host and of the plug-in");
 
   try {
@@ -125,6 +147,10 @@ int parseOptions(int argc, char** argv, Options& opt) {
     }
   if (opt.append && opt.via == "open") {
     std::cerr << "scenario-host: --append cannot be combined with --via open: the host's open always imports\n";
+    return EXIT_USAGE;
+  }
+  if (opt.noData && (!opt.exports.empty() || !opt.plot.empty())) {
+    std::cerr << "scenario-host: --no-data keeps no positions to export or draw\n";
     return EXIT_USAGE;
   }
   const int toStdout = (opt.dumpFile == "-") + (opt.traceFile == "-") + (opt.messagesFile == "-");

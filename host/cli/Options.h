@@ -25,6 +25,8 @@ struct Options {
   bool list = false;
   bool check = false;
   double maxSpeed = 1715.0;
+  std::vector<std::string> exports;
+  std::string plot;
 };
 
 constexpr int EXIT_STRICT = 5;

@@ -12,6 +12,10 @@ namespace RefHost {
 
 PluginLibrary::~PluginLibrary() { close(); }
 
+#ifndef SCENARIO_HOST_PLUGIN_DIR
+#define SCENARIO_HOST_PLUGIN_DIR "lib/scenario-host"
+#endif
+
 namespace {
 
 constexpr const char* LIBRARY_NAME = "libFileReaderPlugin.so";
@@ -41,8 +45,9 @@ std::string PluginLibrary::findDefault() {
   const char* named = std::getenv("SCENARIO_HOST_PLUGIN");
   if (named && *named) return named;
   const std::string folder = executableFolder();
-  for (const std::string& candidate : {folder + "/" + LIBRARY_NAME, folder + "/../lib/scenario-host/" + LIBRARY_NAME,
-                                       folder + "/../lib/" + LIBRARY_NAME})
+  for (const std::string& candidate :
+       {folder + "/" + LIBRARY_NAME, folder + "/../" + SCENARIO_HOST_PLUGIN_DIR + "/" + LIBRARY_NAME,
+        folder + "/../lib/scenario-host/" + LIBRARY_NAME, folder + "/../lib/" + LIBRARY_NAME})
     if (isFile(candidate)) return candidate;
   return besideExecutable();
 }

@@ -29,8 +29,8 @@ class PluginLibrary {
   static std::string besideExecutable();
   // Where the plug-in is looked for when no path is given: the file that
   // $SCENARIO_HOST_PLUGIN names; else beside the executable (a build tree);
-  // else in lib/scenario-host/ or lib/ of the executable's prefix (an
-  // installation). The first that exists; besideExecutable() if none does.
+  // else in the installed plug-in folder of the executable's prefix
+  // (lib/scenario-host/, or the library folder the build chose), or lib/. The first that exists; besideExecutable() if none does.
   static std::string findDefault();
 
   OPI_InitializeFunctionMap_t initializeFunctionMap = nullptr;

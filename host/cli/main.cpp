@@ -11,12 +11,14 @@
 
 #include "host/ReferenceHost.h"
 #include "host/TerminalText.h"
+#include "host/cli/Exports.h"
 #include "host/cli/Interrupt.h"
 #include "host/cli/LineSink.h"
 #include "host/cli/MessageLog.h"
 #include "host/cli/Options.h"
 #include "host/cli/OutputFile.h"
 #include "host/cli/PluginLibrary.h"
+#include "host/cli/QuickLookPlot.h"
 #include "host/cli/Reports.h"
 #include "host/cli/Summary.h"
 #include "hostapi/PICommon.h"
@@ -141,6 +143,37 @@ class Driver {
   std::size_t linesShown_ = 0;
 };
 
+// The exports and the picture; false when one of them could not be written.
+bool writeExports(const Options& opt, const ReferenceHost& host) {
+  if (opt.exports.empty() && opt.plot.empty()) return true;
+  const ExportScene scene = exportScene(host.scenario());
+  for (const std::string& line : scene.leftOut) std::cerr << "scenario-host: exports: " << line << "\n";
+  bool written = true;
+  for (const std::string& path : opt.exports) {
+    OutputFile file(path);
+    if (!file.open()) {
+      written = false;
+      continue;
+    }
+    switch (exportFormat(path)) {
+      case ExportFormat::GeoJson: writeGeoJson(file.stream(), scene); break;
+      case ExportFormat::Csv: writeCsv(file.stream(), scene); break;
+      case ExportFormat::Kml: writeKml(file.stream(), scene); break;
+      case ExportFormat::Czml: writeCzml(file.stream(), scene); break;
+      case ExportFormat::None: break;
+    }
+    written = file.finish() && written;
+  }
+  if (!opt.plot.empty()) {
+    std::string error;
+    if (!writeQuickLookPlot(opt.plot, scene, error)) {
+      std::cerr << "scenario-host: cannot write \"" << terminalSafe(opt.plot) << "\": " << error << "\n";
+      written = false;
+    }
+  }
+  return written;
+}
+
 HostConfig hostConfig(const Options& opt) {
   HostConfig config;
   config.application = opt.app.rfind("plot", 0) == 0 ? Application::Plot : Application::Display;
@@ -192,6 +225,7 @@ int printVersion(const Options& opt) {
     std::cout << "plug-in " << text(FileReaderPlugin::OPI_NAME) << " " << text(FileReaderPlugin::OPI_VERSION)
               << " (host API " << plugin.versionInfoEx(0) << "." << plugin.versionInfoEx(1) << "."
               << plugin.versionInfoEx(2) << ", " << terminalSafe(path) << ")\n";
+    std::cout << "documentation " << text(FileReaderPlugin::OPI_URL) << "\n";
     plugin.cleanUp();
   }
   plugin.close();
@@ -251,6 +285,7 @@ int main(int argc, char** argv) {
     bool written = messagesOut.finish();
     written = traceOut.finish() && written;
     written = dumpOut.finish() && written;
+    written = writeExports(opt, host) && written;
 
     verdict.exitStatus = exitStatus(outcomes);
     if (!written) {

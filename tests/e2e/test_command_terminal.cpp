@@ -131,13 +131,27 @@ class Interrupt : public Terminal {
     args.insert(args.begin(), {"--no-progress", "--trace", fifo});
     const pid_t pid = ::fork();
     if (pid == 0) exec(args, true);
-    FILE* trace = std::fopen(fifo.c_str(), "r");
-    EXPECT_NE(trace, nullptr);
-    bool sent = false;
-    char* line = nullptr;
-    std::size_t capacity = 0;
-    while (trace && ::getline(&line, &capacity, trace) > 0) {
-      if (!sent && std::strstr(line, "\"op\":\"isCanceled\"")) {
+    // Opened without waiting for the writer, so that a child that never
+    // opens it can't hang the test: until it does, reads give nothing.
+    const int trace = ::open(fifo.c_str(), O_RDONLY | O_NONBLOCK);
+    EXPECT_GE(trace, 0);
+    bool sent = false, opened = false;
+    std::string pending;
+    char buffer[65536];
+    while (trace >= 0) {
+      const ssize_t n = ::read(trace, buffer, sizeof buffer);
+      if (n > 0) {
+        opened = true;
+        pending.append(buffer, static_cast<std::size_t>(n));
+      } else if (n == 0 && opened) {
+        break;  // the writer closed: the trace is complete
+      } else {
+        int status = 0;
+        if (!opened && ::waitpid(pid, &status, WNOHANG) == pid) return status;
+        ::usleep(1000);
+        continue;
+      }
+      if (!sent && pending.find("\"op\":\"isCanceled\"") != std::string::npos) {
         for (int i = 0; i < signals; ++i) {
           // Signals of one kind don't queue: the next goes once this one
           // has been taken, which the handler's notice tells.
@@ -146,9 +160,11 @@ class Interrupt : public Terminal {
         }
         sent = true;
       }
+      // Only the unfinished last line is kept.
+      const std::size_t end = pending.rfind('\n');
+      if (end != std::string::npos) pending.erase(0, end + 1);
     }
-    std::free(line);
-    if (trace) std::fclose(trace);
+    if (trace >= 0) ::close(trace);
     EXPECT_TRUE(sent);
     return waitFor(pid);
   }

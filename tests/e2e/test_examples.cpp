@@ -35,7 +35,7 @@ class Examples : public e2e::HostRun {
   Platforms platforms(const nlohmann::json& dump) const {
     Platforms found;
     for (const auto& object : dump["objects"]) {
-      EXPECT_EQ(object["kind"], "platform");
+      if (object["kind"] != "platform") continue;
       const auto& data = object["data"];
       found[object["header"]["name"]] = data.contains("points") ? data["points"]["count"].get<int>() : 0;
     }
@@ -105,6 +105,47 @@ TEST_F(Examples, SingleFilesLoadCleanWithTheirPlatformsAndPoints) {
     SCOPED_TRACE("aircraft_ecef.asi");
     expectLoaded({example("aircraft_ecef.asi")}, {{"F-HBJT Falcon", 37}, {"Blagnac Tower", 1}});
   }
+  {
+    SCOPED_TRACE("socal_aswex.csv");
+    expectLoaded({example("socal_aswex.csv")}, {{"Viper 11", 61}, {"Pelican 2", 61}, {"Seahawk 4", 61},
+                                                {"Lake Champlain", 61}, {"Hostile Sub", 61}, {"Fishing Vessel", 61},
+                                                {"DIFAR55", 31}, {"DC01", 2}, {"VL02", 2}});
+  }
+  {
+    SCOPED_TRACE("pmrf_rimpac.csv");
+    expectLoaded({example("pmrf_rimpac.csv")},
+                 {{"Kauai Eagle", 46}, {"Chosin", 46}, {"Target Drone", 46}, {"Range Boat", 46}});
+  }
+}
+
+TEST_F(Examples, RadarLoadsCleanWithItsBeamsAndGates) {
+  const e2e::Outcome r = load({example("radar.asi")});
+  EXPECT_EQ(r.status, 0) << r.out << r.err;
+  EXPECT_EQ(problems(), std::vector<std::string>{});
+  const auto dump = json("dump.json");
+  EXPECT_EQ(platforms(dump), (Platforms{{"Frigate Avalon", 13}, {"Seeker 21", 13}, {"Raider 1", 13}}));
+  // Name -> points of the beams and gates, and their objects by name.
+  std::map<std::string, int> beams, gates;
+  std::map<std::string, nlohmann::json> byName;
+  for (const auto& object : dump["objects"]) {
+    const auto& data = object["data"];
+    const int count = data.contains("points") ? data["points"]["count"].get<int>() : 0;
+    if (object["kind"] == "beam") beams[object["header"]["name"]] = count;
+    if (object["kind"] == "gate") gates[object["header"]["name"]] = count;
+    byName[object["header"]["name"]] = object;
+  }
+  EXPECT_EQ(beams, (std::map<std::string, int>{
+                       {"Avalon surveillance radar", 120}, {"Seeker search radar", 61}, {"Avalon fire control", 0}}));
+  EXPECT_EQ(gates, (std::map<std::string, int>{{"Seeker range gate", 13}, {"Avalon track gate", 8}}));
+  EXPECT_EQ(byName["Avalon surveillance radar"]["header"]["beamType"], 10);
+  EXPECT_EQ(byName["Avalon surveillance radar"]["settings"]["antenna"]["frequency"], 3050.0);
+  EXPECT_EQ(byName["Seeker range gate"]["parent"], byName["Seeker search radar"]["id"]);
+  // The fire-control beam locks on to the jet at 40 s and lets go at 110 s.
+  const auto& targets = byName["Avalon fire control"]["data"]["targets"]["records"];
+  ASSERT_EQ(targets.size(), 2u);
+  EXPECT_EQ(targets[0][1], byName["Raider 1"]["id"]);
+  EXPECT_EQ(targets[1][1], 0);
+  EXPECT_EQ(byName["Avalon fire control"]["data"]["status"]["count"], 2);
 }
 
 TEST_F(Examples, HarbourCarriesItsScenarioSettingsAndTimeStrings) {

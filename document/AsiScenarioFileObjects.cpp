@@ -1,0 +1,341 @@
+// Platforms, beams, gates and LOB groups of the document, with their on/off,
+// colour, target and category series.
+#include <cmath>
+#include <vector>
+
+#include "core/StringUtils.h"
+#include "document/AsiScenarioFile.h"
+#include "document/ProgressPrinter.h"
+#include "hostapi/PICommon.h"
+#include "hostapi/PIData.h"
+#include "hostapi/PIORVIDE.h"
+
+namespace {
+
+// Points after the first go to the host in batches of this many.
+constexpr size_t POINT_BATCH = 4096;
+
+void tellError(const std::string& text) { PICommon::notify(text, PICommon::PI_NOTIFY_ERROR, ""); }
+
+// Document states are geodetic (radians, metres) with east-north-up velocity,
+// which is the host's LLA frame.
+PIData::PIPlatformPoint platformPoint(const MotionStateUD& s, bool hasOrientation) {
+  PIData::PIPlatformPoint p;
+  p.frame = PIData::PI_DEFAULT_REFFRAME;
+  p.frame.coordSystem = PIData::PI_COORD_LLA;
+  p.time = s.time;
+  p.x = s.lat;
+  p.y = s.lon;
+  p.z = s.alt;
+  // Without orientation in the file only the pitch is known (the flight-path
+  // angle); the host derives what is left unset.
+  if (hasOrientation) {
+    p.yaw = s.yaw;
+    p.roll = s.roll;
+  }
+  p.pitch = s.pitch;
+  p.vx = s.velEast;
+  p.vy = s.velNorth;
+  p.vz = s.velUp;
+  return p;
+}
+
+PIData::PIBeamPoint beamPoint(const BeamStateUD& s) {
+  PIData::PIBeamPoint p;
+  p.time = s.time;
+  p.azimuth = s.azimuth;
+  p.elevation = s.elevation;
+  p.range = s.range;
+  return p;
+}
+
+PIData::PIGatePoint gatePoint(const GateStateUD& s) {
+  PIData::PIGatePoint p;
+  p.time = s.time;
+  p.azimuth = s.azimuth;
+  p.elevation = s.elevation;
+  p.width = s.width;
+  p.height = s.height;
+  p.minRange = s.minRange;
+  p.maxRange = s.maxRange;
+  p.centroid = s.centroid;
+  return p;
+}
+
+PIData::PIPoint piPoint(double x, double y, double z) {
+  PIData::PIPoint p;
+  p.x = x;
+  p.y = y;
+  p.z = z;
+  return p;
+}
+
+// The antenna kind of a beam header's pattern type word and name.
+PIORVIDE::PIAntennaName_t antennaKind(const std::string& type, const std::string& name) {
+  const std::string lowerName = orvCore::lowerCase(name);
+  if (lowerName == "cruiseanttable") return PIORVIDE::PI_ANTENNA_CRUISE;
+  if (lowerName == "anttable") return PIORVIDE::PI_ANTENNA_TABLE;
+  static const std::pair<const char*, PIORVIDE::PIAntennaName_t> kinds[] = {
+      {"algorithm", PIORVIDE::PI_ANTENNA_ALGORITHM}, {"table", PIORVIDE::PI_ANTENNA_TABLE},
+      {"relative", PIORVIDE::PI_ANTENNA_RELATIVE},   {"monopulse", PIORVIDE::PI_ANTENNA_MONOPULSE},
+      {"bilinear", PIORVIDE::PI_ANTENNA_BILINEAR},   {"cruise", PIORVIDE::PI_ANTENNA_CRUISE},
+      {"nsma", PIORVIDE::PI_ANTENNA_NSMA},           {"eznec", PIORVIDE::PI_ANTENNA_EZNEC},
+      {"xfdtd", PIORVIDE::PI_ANTENNA_XFDTD}};
+  const std::string lowerType = orvCore::lowerCase(type);
+  for (const auto& kind : kinds)
+    if (lowerType == kind.first) return kind.second;
+  return PIORVIDE::PI_ANTENNA_NONE;
+}
+
+PIORVIDE::PIAntennaAlgorithm_t antennaAlgorithm(const std::string& name) {
+  static const std::pair<const char*, PIORVIDE::PIAntennaAlgorithm_t> algorithms[] = {
+      {"pedestal", PIORVIDE::PI_ALGORITHM_PEDESTAL}, {"gauss", PIORVIDE::PI_ALGORITHM_GAUSS},
+      {"cscsq", PIORVIDE::PI_ALGORITHM_CSCSQ},       {"sinxx", PIORVIDE::PI_ALGORITHM_SINXX},
+      {"omni", PIORVIDE::PI_ALGORITHM_OMNI}};
+  const std::string lower = orvCore::lowerCase(name);
+  for (const auto& algorithm : algorithms)
+    if (lower == algorithm.first) return algorithm.second;
+  return PIORVIDE::PI_ALGORITHM_NONE;
+}
+
+void sendAntenna(uint64_t beamId, const BeamHeaderUD& h) {
+  if (h.antType.empty() && h.antName.empty()) return;
+  const PIORVIDE::PIAntennaName_t kind = antennaKind(h.antType, h.antName);
+  const bool algorithm = kind == PIORVIDE::PI_ANTENNA_ALGORITHM;
+  PIORVIDE::setAntennaInfo(beamId, kind, algorithm ? antennaAlgorithm(h.antName) : PIORVIDE::PI_ALGORITHM_NONE,
+                           static_cast<PIORVIDE::PIAntennaPolarity_t>(h.antPolarity), algorithm ? "" : h.antName,
+                           h.antGain, h.antPower, h.antFreq);
+}
+
+}  // namespace
+
+void AsiScenarioFile::transmitPlatformData_(const TimeWindowUD& window) {
+  for (const auto& entry : scenario_->platforms()) {
+    if (counted_()) return;
+    PlatformUD& platform = *entry.second;
+    LinearPlatMotionUD* motion = platform.Motion();
+    if (motion == nullptr || motion->Size() == 0) continue;
+    if (!motion->hasVelocity()) motion->CalculateVelocities();
+    if (!motion->hasOrientation()) motion->CalculateFlightPathAnglePitch();
+    const bool oriented = motion->hasOrientation();
+
+    std::vector<PIData::PIPlatformPoint> points;
+    const auto range = getAtOrInBetweenBeginAndEndIterators(motion->states(), window);
+    const bool isStatic = motion->Size() == 1 && motion->states().begin()->first == -1.0;
+    // At the window's edges the interpolated states stand for the states
+    // beyond them, so the host sees the platform exactly where the window opens
+    // and closes.
+    const bool openAtMin = !isStatic && window.hasMin && range.first != range.second && range.first->first < window.min;
+    const bool closeAtMax = !isStatic && window.hasMax && motion->EndTime() > window.max && motion->StartTime() < window.max;
+    MotionStateUD edge;
+    if (openAtMin && platform.GetState(window.min, edge)) {
+      edge.time = window.min;
+      points.push_back(platformPoint(edge, oriented));
+    }
+    for (auto it = range.first; it != range.second; ++it) {
+      if (openAtMin && it->first < window.min) continue;
+      if (closeAtMax && it->first >= window.max) continue;
+      points.push_back(platformPoint(it->second, oriented));
+    }
+    if (closeAtMax && platform.GetState(window.max, edge)) {
+      edge.time = window.max;
+      points.push_back(platformPoint(edge, oriented));
+    }
+    if (points.empty()) continue;
+
+    const PlatformHeaderUD& h = *platform.Header();
+    PIData::PIPlatformHeader header;
+    header.name = h.callSign;
+    header.iconName = h.iconName;
+    header.originalId = h.originalID;
+    const uint64_t hostId = PIData::createPlatform(header, points.front());
+    if (hostId == 0) {
+      tellError("Unable to create platform <" + h.callSign + ">.\n");
+      continue;
+    }
+    remember_(h.uniqueID, h.originalID, hostId);
+    size_t next = 1;
+    while (next < points.size()) {
+      const size_t count = std::min(POINT_BATCH, points.size() - next);
+      PIData::addDataPoints(hostId, std::vector<PIData::PIPlatformPoint>(points.begin() + next,
+                                                                         points.begin() + next + count));
+      next += count;
+    }
+    transmitCategoryData_(hostId, platform.categoryData(), window);
+  }
+}
+
+void AsiScenarioFile::transmitBeamData_(const TimeWindowUD& window) {
+  for (const auto& entry : scenario_->beams()) {
+    if (counted_()) return;
+    BeamUD& beam = *entry.second;
+    const BeamHeaderUD& h = *beam.Header();
+    if (h.beamType <= BEAM_UNKNOWN || h.beamType > BEAM_BODY) {
+      tellError("Unable to process beam type: " + CommandsUD::nameAt(CommandsUD::BEAM_TYPES, h.beamType) +
+                " for beam <" + h.desc + "> \n");
+      continue;
+    }
+    const uint64_t platformId = beam.host() ? getPluginId_(beam.host()->UniqueID()) : 0;
+    if (platformId == 0) {
+      tellError("Unable to find beam host for beam <" + h.desc + ">.\n");
+      continue;
+    }
+    std::vector<PIData::PIBeamPoint> points;
+    if (const auto* motion = dynamic_cast<const LinearBeamMotionUD*>(beam.motion())) {
+      const auto range = getAtOrInBetweenBeginAndEndIterators(motion->states(), window);
+      for (auto it = range.first; it != range.second; ++it) points.push_back(beamPoint(it->second));
+    }
+    PIData::PIBeamHeader header;
+    header.name = h.desc;
+    header.azimuthOffset = h.azimOffset;
+    header.elevationOffset = h.elevOffset;
+    header.horizontalWidth = h.hbw;
+    header.verticalWidth = h.vbw;
+    header.beamType = h.beamType;
+    header.missileOffset = h.missileOffset;
+    header.originalId = h.originalID;
+    const uint64_t hostId = PIData::createBeam(platformId, header, points.empty() ? nullptr : &points.front(), false);
+    if (hostId == 0) {
+      tellError("Unable to create beam <" + h.desc + ">.\n");
+      continue;
+    }
+    remember_(h.uniqueID, h.originalID, hostId);
+    sendAntenna(hostId, h);
+    if (!h.arepsFiles.empty() && (PIORVIDE::runningInORVIDE() || PIORVIDE::runningInORVIDE10()) &&
+        PIORVIDE::rfpropSetInputFiles(hostId, h.arepsFiles) != 0)
+      tellError("rfpropSetInputFiles():  Error occurred loading AREPSPattern input files.\n");
+    for (size_t next = 1; next < points.size(); ++next) PIData::addDataPoint(hostId, points[next]);
+    transmitActiveMapAndTargets_(hostId, beam, window);
+    transmitColorMap_(hostId, beam, window);
+    transmitCategoryData_(hostId, beam.categoryData(), window);
+    if (h.bodyOffset[0] != 0.0 || h.bodyOffset[1] != 0.0 || h.bodyOffset[2] != 0.0)
+      PIData::setObjectOffset(hostId, piPoint(h.bodyOffset[0], h.bodyOffset[1], h.bodyOffset[2]));
+    if (h.rollOffset != 0.0)
+      PIData::setObjectOrientationOffset(hostId, piPoint(h.azimOffset, h.elevOffset, h.rollOffset));
+    PIData::setBeamInterpolatePosition(hostId, beam.getInterpolate());
+  }
+}
+
+void AsiScenarioFile::transmitGateData_(const TimeWindowUD& window) {
+  for (const auto& entry : scenario_->gates()) {
+    if (counted_()) return;
+    GateUD& gate = *entry.second;
+    const GateHeaderUD& h = *gate.Header();
+    const uint64_t beamId = gate.host() ? getPluginId_(gate.host()->UniqueID()) : 0;
+    if (beamId == 0) {
+      tellError("Unable to find gate host for gate <" + h.desc + ">.\n");
+      continue;
+    }
+    std::vector<PIData::PIGatePoint> points;
+    if (const LinearGateMotionUD* motion = gate.Motion()) {
+      const auto range = getAtOrInBetweenBeginAndEndIterators(motion->states(), window);
+      for (auto it = range.first; it != range.second; ++it) points.push_back(gatePoint(it->second));
+    }
+    PIData::PIGateHeader header;
+    header.name = h.desc;
+    header.gateType = h.gateType;
+    header.originalId = h.originalID;
+    const uint64_t hostId = PIData::createGate(beamId, header, points.empty() ? nullptr : &points.front(), false);
+    if (hostId == 0) {
+      tellError("Unable to create gate <" + h.desc + ">.\n");
+      continue;
+    }
+    remember_(h.uniqueID, h.originalID, hostId);
+    for (size_t next = 1; next < points.size(); ++next) PIData::addDataPoint(hostId, points[next]);
+    transmitActiveMap_(hostId, gate, window);
+    transmitColorMap_(hostId, gate, window);
+    transmitCategoryData_(hostId, gate.categoryData(), window);
+    if (h.azimOffset != 0.0 || h.elevOffset != 0.0 || h.rollOffset != 0.0)
+      PIData::setObjectOrientationOffset(hostId, piPoint(h.azimOffset, h.elevOffset, h.rollOffset));
+    PIData::setGateInterpolatePosition(hostId, gate.getInterpolate());
+  }
+}
+
+void AsiScenarioFile::transmitLobGroupData_(const TimeWindowUD& window) {
+  for (const auto& entry : scenario_->lobGroups()) {
+    if (counted_()) return;
+    LOBGroupUD& group = *entry.second;
+    const LOBGroupHeaderUD& h = *group.Header();
+    const uint64_t platformId = group.host() ? getPluginId_(group.host()->UniqueID()) : 0;
+    if (platformId == 0) {
+      tellError("Unable to find LOB group host for LOB group <" + h.description + ">.\n");
+      continue;
+    }
+    PIData::PILobHeader header;
+    header.name = h.description;
+    header.originalId = h.originalID;
+    header.type = h.type == UTILS::LOB_RELATIVE ? PIData::PI_LOB_RELATIVE : PIData::PI_LOB_ABSOLUTE;
+    const uint64_t hostId = PIData::createLob(platformId, header);
+    if (hostId == 0) {
+      tellError("Unable to create LOB group <" + h.description + ">.\n");
+      continue;
+    }
+    remember_(h.uniqueID, h.originalID, hostId);
+    if (const LOBMotionUD* motion = group.Motion()) {
+      const auto range = getAtOrInBetweenBeginAndEndIterators(motion->states(), window);
+      for (auto it = range.first; it != range.second; ++it)
+        for (const LOBStateUD& s : it->second) {
+          PIData::PILobPoint p;
+          p.time = s.time;
+          p.azimuth = s.azimuth;
+          p.elevation = s.elevation;
+          p.range = s.range;
+          PIData::addDataPoint(hostId, p);
+        }
+    }
+    const auto styles = getAtOrInBetweenBeginAndEndIterators(group.drawStyles(), window);
+    for (auto it = styles.first; it != styles.second; ++it) {
+      PIData::PILobDrawStyle style;
+      style.time = it->first;
+      style.color1 = it->second.color1;
+      style.color2 = it->second.color2;
+      style.stipple1 = it->second.stipple1;
+      style.stipple2 = it->second.stipple2;
+      style.width = it->second.width;
+      PIData::addLobDrawStyle(hostId, style);
+    }
+    transmitActiveMap_(hostId, group, window);
+    transmitColorMap_(hostId, group, window);
+    transmitCategoryData_(hostId, group.categoryData(), window);
+  }
+}
+
+void AsiScenarioFile::transmitActiveMap_(uint64_t hostId, const ObjectLAUD& object, const TimeWindowUD& window) {
+  const auto range = getAtOrInBetweenBeginAndEndIterators(object.onOffCommands(), window);
+  for (auto it = range.first; it != range.second; ++it)
+    PIData::setStatus(hostId, it->second ? PIData::PI_VISIBILITY_ON : PIData::PI_VISIBILITY_OFF, it->first);
+}
+
+void AsiScenarioFile::transmitActiveMapAndTargets_(uint64_t hostId, const BeamUD& beam, const TimeWindowUD& window) {
+  transmitActiveMap_(hostId, beam, window);
+  const auto range = getAtOrInBetweenBeginAndEndIterators(beam.targetCommands(), window);
+  for (auto it = range.first; it != range.second; ++it) {
+    const PlatformUD* target = it->second.target();
+    const uint64_t targetId = target ? getPluginId_(target->UniqueID()) : 0;
+    if (targetId == 0) {
+      tellError("Unable to find target of beam <" + beam.Desc() + ">.\n");
+      continue;
+    }
+    PIData::setTarget(hostId, targetId, it->first);
+  }
+}
+
+void AsiScenarioFile::transmitColorMap_(uint64_t hostId, const ObjectLAUD& object, const TimeWindowUD& window) {
+  const auto range = getAtOrInBetweenBeginAndEndIterators(object.colorCommands(), window);
+  for (auto it = range.first; it != range.second; ++it) PIData::setColor(hostId, it->second, it->first);
+}
+
+void AsiScenarioFile::transmitCategoryData_(uint64_t hostId, const CategorySeries& categories,
+                                            const TimeWindowUD& window) {
+  const CategoryManager& names = scenario_->categoryManager();
+  for (const auto& series : categories) {
+    const auto range = getAtOrInBetweenBeginAndEndIterators(series.second, window);
+    for (auto it = range.first; it != range.second; ++it) {
+      PIData::PICategoryDataPoint point;
+      point.time = it->first;
+      point.categoryName = names.getCategoryNameString(series.first);
+      point.categoryValue = names.getCategoryValueString(series.first, it->second);
+      PIData::addCategoryData(hostId, point);
+    }
+  }
+}
