@@ -1,9 +1,10 @@
-// Fuzzes the platform commands and the laser, LOB, projector and custom
-// rendering commands that hang on platforms: the input is lines of ASI text,
-// run in order through those families (clone, stage 1, transmit) over a
-// provider whose scenario frame is complete, against the reference host.
-// Nothing may fault, and the host may not hold more platform, laser or LOB
-// points than there were lines of their data keyword.
+// Fuzzes the platform commands and what hangs on platforms: beams and gates,
+// lasers, LOBs, projectors (also on beams) and custom rendering objects. The
+// input is lines of ASI text, run in order through those families (clone,
+// stage 1, transmit) over a provider whose scenario frame is complete,
+// against the reference host. Nothing may fault, and the host may not hold
+// more platform, laser or LOB points than there were lines of their data
+// keyword.
 
 #include <cstddef>
 #include <cstdint>
@@ -68,6 +69,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   {
     AsiReader::CommandList commands;
     AsiReader::addPlatformCommands(provider, version, commands);
+    // Beams and gates (fuzzed on their own too) for the projectors that hang on beams.
+    AsiReader::addBeamCommands(provider, version, commands);
+    AsiReader::addGateCommands(provider, version, commands);
     AsiReader::addLaserCommands(provider, version, commands);
     AsiReader::addLobCommands(provider, version, commands);
     AsiReader::addProjectorCommands(provider, version, commands);

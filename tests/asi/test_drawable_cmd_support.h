@@ -14,11 +14,12 @@ using Records = std::vector<std::vector<double>>;
 
 class DrawableFixture : public PlatformCmdTest::PlatformFixture {
  protected:
-  // The platform commands and the four families over a provider of
-  // `version` with a complete frame.
+  // The platform and beam commands and the four families over a provider
+  // of `version` with a complete frame.
   void startAll(int version = 24, PICommon::PIApplicationHost_t host = PICommon::PI_HOST_ORVIDE) {
     start(version, true, host);
     AsiReader::CommandList commands;
+    AsiReader::addBeamCommands(provider_, version, commands);
     AsiReader::addLaserCommands(provider_, version, commands);
     AsiReader::addLobCommands(provider_, version, commands);
     AsiReader::addProjectorCommands(provider_, version, commands);

@@ -15,14 +15,7 @@ namespace {
 const double DEG = 0.017453292519943295;
 const double TWO_PI = 6.283185307179586;
 
-class ProjectorTest : public DrawableFixture {
- protected:
-  // A beam entity on platform `host`, declared as its ID line would.
-  void declareBeam(uint64_t id, uint64_t host) {
-    ASSERT_EQ(0, provider_->addEntity(id, provider_->createBeamEntity(host)));
-  }
-};
-
+class ProjectorTest : public DrawableFixture {};
 class CustomRenderingTest : public DrawableFixture {};
 
 class RefusingHostTest : public RefusingDrawableFixture {};
@@ -63,20 +56,16 @@ TEST_F(ProjectorTest, CreatedAtItsLineWithRasterFieldOfViewAndOnOff) {
 
 TEST_F(ProjectorTest, OnABeamItWaitsForTheBeamAndANeverCreatedBeamReportsItself) {
   startAll();
-  platformWithData(1, "ship");
-  declareBeam(5, 1);
-  declareBeam(6, 1);
-  lines({"Projector 5 1 onBeam", "Projector 6 2 onIdleBeam"});
+  declare(1, "ship");
+  lines({"BeamID 1 5", "BeamType 5 absolute", "HorzBW 5 10", "VertBW 5 5", "BeamID 1 6", "Projector 5 1 onBeam",
+         "Projector 6 2 onIdleBeam", "BeamDataRAE 5 10 0 0 1000"});
   EXPECT_EQ(nullptr, held(1, true));
-
-  // The beam comes to exist as its creating command makes it.
-  PIData::PIBeamHeader header;
-  header.name = "radar";
-  auto* beam = provider_->getBeamEntity(5);
-  beam->setUniqueId(PIData::createBeam(held(1)->id, header, nullptr, true));
-  provider_->transmitCommands(5);
+  // The platform's data creates the platform, which creates the beam,
+  // which creates the projector.
+  line("PlatformData 1 0 0.1 0.2 0");
+  ASSERT_NE(nullptr, held(5));
   ASSERT_NE(nullptr, held(1, true));
-  EXPECT_EQ(beam->uniqueId(), held(1, true)->parent);
+  EXPECT_EQ(held(5)->id, held(1, true)->parent);
 
   EXPECT_EQ(1, provider_->didComplete(messages_));
   EXPECT_THAT(texts(), ElementsAre("Incomplete definition for Beam 6"));
