@@ -151,6 +151,29 @@ TEST_F(LaserTest, AMergedLaserTakesTimedOrientationsOnly) {
   EXPECT_EQ(1u, records(10, RefHost::SERIES_LASER_WIDTH).size());
 }
 
+TEST_F(LaserTest, TimesOfAnotherYearAreMovedIntoTheHostsYear) {
+  startAll();
+  provider_->setScenarioReferenceYear(2000);
+  provider_->setReferenceYear(2000);
+  platformWithData(1, "ship");
+  // The host holds 2000; the lines below are in 2001, then in 1999.
+  provider_->setReferenceYear(2001);
+  lines({"Laser 1 10 des", "LaserOri 10 5 0 0 0", "LOBID 1 20", "LOBDesc 20 d", "LOBType 20 absolute",
+         "LOBData 20 5 0 0 1", "Projector 1 1 p", "ProjectorRasterFile 1 a.png", "ProjectorFOV 1 5 0.5",
+         "LaserOri 10 -1 0 0 0"});
+  const double year = 366 * 86400.0;
+  EXPECT_EQ(5 + year, records(10, RefHost::SERIES_POINTS)[0][0]);
+  EXPECT_EQ(-1.0, records(10, RefHost::SERIES_POINTS)[1][0]);
+  EXPECT_EQ(5 + year, records(20, RefHost::SERIES_POINTS)[0][0]);
+  EXPECT_EQ(5 + year, records(1, RefHost::SERIES_PROJECTOR_FOV, true)[0][0]);
+
+  provider_->setReferenceYear(1999);
+  lines({"LaserOri 10 5 0 0 0", "LOBData 20 5 0 0 1", "ProjectorFOV 1 5 0.5"});
+  const std::string invalid = "Time invalid with respect to the current scenario time.";
+  EXPECT_THAT(texts(), ElementsAre("Line 14 LaserOri: " + invalid, "Line 15 LOBData: " + invalid,
+                                   "Line 16 ProjectorFOV: " + invalid));
+}
+
 // --- lines of bearing --------------------------------------------------------
 
 TEST_F(LobTest, TheFirstDataLineCreatesTheGroupWithItsTypeAndStyles) {

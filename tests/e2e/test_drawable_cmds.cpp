@@ -1,8 +1,7 @@
 // Lasers, lines of bearing, projectors and custom rendering objects through
 // the loaded plug-in: in the display application they reach the host under
 // their platform (or none) with their data in the host's units; in the plot
-// application they are dropped without a message; bad lines are reported
-// with their line and the load ends with errors.
+// application they are dropped without a message.
 #include <cmath>
 
 #include "E2eSupport.h"
@@ -76,24 +75,4 @@ TEST_F(DrawableCommands, ThePlotApplicationDropsThemSilently) {
   const auto dump = json("dump.json");
   ASSERT_EQ(dump["objects"].size(), 1u);
   EXPECT_EQ(dump["objects"][0]["kind"], "platform");
-}
-
-TEST_F(DrawableCommands, BadLinesAreReportedByLineAndIncompleteObjectsAtTheEnd) {
-  const std::string file = write("bad.asi",
-                                 "Version 24\nCoordSystem LLA\nRefLLA 50 -1 0\n"
-                                 "PlatformID 1\nPlatformName 1 ship\nPlatformData 1 0 0.8 0 0\n"
-                                 "Laser 1 10 designator\nLaserWidth 10 5 2\n"
-                                 "LOBID 1 20\nLOBDesc 20 df\nLOBData 20 10 0.5 0 100\n"
-                                 "Projector 10 1 lamp\nCustomRendering 20 30 c r\n");
-  const e2e::Outcome r = run({"--dump", "dump.json", "--messages", "messages.jsonl", file});
-  EXPECT_EQ(r.status, 2) << r.out << r.err;
-  EXPECT_EQ(messageTexts(),
-            (std::vector<std::string>{
-                "Line 11 LOBData: Must specify a LOB type via a LOBType command\n",
-                "Line 12 Projector: Invalid Host ID\n",
-                "Line 13 CustomRendering: Invalid custom rendering host.  Custom rendering must have a platform host "
-                "or no host.\n",
-                "Incomplete definition for Laser 10\n", "Incomplete definition for LOB 20\n",
-                "File was loaded but errors were detected.  Check console for messages.\n"}));
-  EXPECT_EQ(json("dump.json")["objects"].size(), 1u);
 }
