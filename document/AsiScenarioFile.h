@@ -82,6 +82,12 @@ class AsiScenarioFile {
   bool transmitDataTable_(const DataTableList& list, DataTable& table, const TimeWindowUD& window);
 
   void remember_(uint64_t id, uint64_t originalId, uint64_t hostId);
+  // The host platform that an earlier file sent under the same id and
+  // original id (or any original id when this file gives none), if the host
+  // still has it under the same name: an appended file continues it (a live
+  // feed split into files). Importers number their objects from 1 in every
+  // file, so the name keeps unrelated platforms apart.
+  uint64_t sameHostPlatform_(const PlatformHeaderUD& h) const;
   std::string convertGenericEntityId_(const std::string& value) const;
 
   ImporterTable importers_;

@@ -144,17 +144,25 @@ void AsiScenarioFile::transmitPlatformData_(const TimeWindowUD& window) {
     if (points.empty()) continue;
 
     const PlatformHeaderUD& h = *platform.Header();
-    PIData::PIPlatformHeader header;
-    header.name = h.callSign;
-    header.iconName = h.iconName;
-    header.originalId = h.originalID;
-    const uint64_t hostId = PIData::createPlatform(header, points.front());
-    if (hostId == 0) {
-      tellError("Unable to create platform <" + h.callSign + ">.\n");
-      continue;
+    size_t next = 0;
+    uint64_t hostId = sameHostPlatform_(h);
+    if (hostId != 0) {
+      // An appended file continues the earlier file's platform; its static
+      // point is there already.
+      while (next < points.size() && points[next].time == -1.0) ++next;
+    } else {
+      PIData::PIPlatformHeader header;
+      header.name = h.callSign;
+      header.iconName = h.iconName;
+      header.originalId = h.originalID;
+      hostId = PIData::createPlatform(header, points.front());
+      if (hostId == 0) {
+        tellError("Unable to create platform <" + h.callSign + ">.\n");
+        continue;
+      }
+      remember_(h.uniqueID, h.originalID, hostId);
+      next = 1;
     }
-    remember_(h.uniqueID, h.originalID, hostId);
-    size_t next = 1;
     while (next < points.size()) {
       const size_t count = std::min(POINT_BATCH, points.size() - next);
       PIData::addDataPoints(hostId, std::vector<PIData::PIPlatformPoint>(points.begin() + next,
@@ -163,6 +171,17 @@ void AsiScenarioFile::transmitPlatformData_(const TimeWindowUD& window) {
     }
     transmitCategoryData_(hostId, platform.categoryData(), window);
   }
+}
+
+uint64_t AsiScenarioFile::sameHostPlatform_(const PlatformHeaderUD& h) const {
+  // A later file of a feed may leave out the original id (0): the id and the
+  // name still tie it to the earlier platform.
+  for (auto it = ids_.lower_bound({h.uniqueID, 0}); it != ids_.end() && it->first.first == h.uniqueID; ++it) {
+    if (h.originalID != 0 && it->first.second != h.originalID) continue;
+    PIData::PIPlatformHeader header;
+    if (PIData::getHeader(it->second, header) && header.name == h.callSign) return it->second;
+  }
+  return 0;
 }
 
 void AsiScenarioFile::transmitBeamData_(const TimeWindowUD& window) {

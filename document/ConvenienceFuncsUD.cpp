@@ -1,6 +1,7 @@
 #include "document/ConvenienceFuncsUD.h"
 
 #include <cmath>
+#include <ctime>
 #include <iostream>
 #include <mutex>
 
@@ -80,4 +81,11 @@ std::ostream* setErrorStreamUD(std::ostream* stream) {
   std::ostream* previous = errorStream();
   errorStream() = stream;
   return previous;
+}
+
+int udCurrentYear() {
+  const std::time_t now = std::time(nullptr);
+  std::tm parts{};
+  gmtime_r(&now, &parts);
+  return parts.tm_year + 1900;
 }

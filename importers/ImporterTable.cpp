@@ -1,5 +1,8 @@
 #include "importers/ImporterTable.h"
 
+#include "importers/GPXParser.h"
+#include "importers/PETFile.h"
+#include "importers/WAMFile.h"
 #include "importers/csv/CSVFile.h"
 
 namespace Importers {
@@ -11,6 +14,7 @@ namespace Importers {
 // "Unknown CSV file format detected").
 ImporterTable sideFormatImporters() {
   ImporterTable table;
+  table.push_back(petImporter());  // before the SCORE/PMRF entry: both read ".csv"
 
   ImporterEntry range;
   range.extensions = {".csv"};
@@ -20,6 +24,8 @@ ImporterTable sideFormatImporters() {
   range.load = loadRangeFile;
   table.push_back(range);
 
+  table.push_back(gpxImporter());
+  table.push_back(wamImporter());
   return table;
 }
 

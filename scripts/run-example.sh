@@ -41,6 +41,9 @@ load designator "$BUILD_DIR/example-dump-designator.json" "$EXAMPLES/designator.
 load live_feed "$BUILD_DIR/example-dump-live_feed.json" "$EXAMPLES/live_feed_1.asi" "$EXAMPLES/live_feed_2.asi"
 load socal_aswex "$BUILD_DIR/example-dump-socal_aswex.json" "$EXAMPLES/socal_aswex.csv"
 load pmrf_rimpac "$BUILD_DIR/example-dump-pmrf_rimpac.json" "$EXAMPLES/pmrf_rimpac.csv"
+load gpx "$BUILD_DIR/example-dump-gpx.json" "$EXAMPLES/arthurs_seat.gpx"
+load pet "$BUILD_DIR/example-dump-pet.json" "$EXAMPLES/range_trial.pet"
+ORVIDE_USER_DIR="$EXAMPLES" load wam "$BUILD_DIR/example-dump-wam.json" "$EXAMPLES/coastal_watch.wam"
 
 echo "==== results"
 printf '%s\n' "${results[@]}"

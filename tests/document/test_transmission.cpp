@@ -174,7 +174,7 @@ TEST_F(Transmission, AppendedFilesFindTheObjectsOfEarlierOnes) {
     return 0;
   };
   ASSERT_FALSE(send(write("b.fake", ""), true)) << ::testing::PrintToString(issues);
-  const nlohmann::json platforms = objects("platform");
+  nlohmann::json platforms = objects("platform");
   ASSERT_EQ(platforms.size(), 2u);
   const std::string alpha = std::to_string(platforms[0]["id"].get<uint64_t>());
   const std::string beta = std::to_string(platforms[1]["id"].get<uint64_t>());
@@ -185,6 +185,20 @@ TEST_F(Transmission, AppendedFilesFindTheObjectsOfEarlierOnes) {
   const nlohmann::json dump = host->toJson();
   EXPECT_EQ(dump["scenarioData"]["genericData"]["records"][0][3],
             "entityid=" + alpha + ",color=red,entityid=" + beta);
+
+  // A third file continues alpha (same id, original id and name); a platform
+  // of the same id under another name is a platform of its own.
+  build = [](ScenarioUD& s) {
+    s.setReferenceYear(2021);
+    addPlatform(s, 1, "alpha", 100, {{50, 30.4}});
+    addPlatform(s, 2, "gamma", 0, {{50, 32.0}});
+    return 0;
+  };
+  ASSERT_FALSE(send(write("c.fake", ""), true));
+  platforms = objects("platform");
+  ASSERT_EQ(platforms.size(), 3u);
+  EXPECT_EQ(platforms[0]["data"]["points"]["count"], 4);
+  EXPECT_EQ(platforms[2]["header"]["name"], "gamma");
 }
 
 TEST_F(Transmission, LaserWithoutHostIsSkipped) {

@@ -189,6 +189,26 @@ TEST_F(Examples, DesignatorLoadsCleanWithItsLaserLobFansAndAProjectorOnABeam) {
   EXPECT_NEAR(fov[2][1].get<double>(), 1.5 * M_PI / 180, 1e-12);
 }
 
+TEST_F(Examples, GpxPetAndWamFilesLoadClean) {
+  {
+    SCOPED_TRACE("arthurs_seat.gpx");
+    expectLoaded({example("arthurs_seat.gpx")}, {{"Arthur's Seat loop", 13},
+                                                 {"Holyrood Park car park", 1},
+                                                 {"Summit trig point, 55\xC2\xB0" "56'N", 1},
+                                                 {"Dunsapie Loch viewpoint", 1}});
+  }
+  {
+    SCOPED_TRACE("range_trial.pet");
+    expectLoaded({example("range_trial.pet")}, {{"TARGET-1", 6}, {"DRONE-2", 6}});
+  }
+  {
+    SCOPED_TRACE("coastal_watch.wam");  // with the mapping file beside it
+    setenv("ORVIDE_USER_DIR", example("").c_str(), 1);
+    expectLoaded({example("coastal_watch.wam")}, {{"CUTTER ALDER", 8}, {"MV NORTHERN STAR", 8}, {"PATROL_102", 6}});
+    unsetenv("ORVIDE_USER_DIR");
+  }
+}
+
 TEST_F(Examples, HarbourCarriesItsScenarioSettingsAndTimeStrings) {
   ASSERT_EQ(load({example("harbour.asi")}).status, 0);
   const auto dump = json("dump.json");
