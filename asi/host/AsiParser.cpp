@@ -43,6 +43,10 @@ void AsiParser::populateCommands(int version) {
   addPlatformCommands(provider_, version, commands);
   addBeamCommands(provider_, version, commands);
   addGateCommands(provider_, version, commands);
+  addLaserCommands(provider_, version, commands);
+  addLobCommands(provider_, version, commands);
+  addProjectorCommands(provider_, version, commands);
+  addCustomRenderingCommands(provider_, version, commands);
   addScenarioCommands(provider_, version, commands);
   addTableCommands(provider_, version, commands);
   for (FileReaderPlugin::CommandParser* command : commands) replaceCommand_(command);

@@ -30,6 +30,22 @@ void addBeamCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& prov
 void addGateCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
                      CommandList& commands);
 
+// Laser commands ("Laser", "LaserOri", ...).
+void addLaserCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                      CommandList& commands);
+
+// Line-of-bearing commands ("LOBID", "LOBData", ...).
+void addLobCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                    CommandList& commands);
+
+// Projector commands ("Projector", "ProjectorFOV", ...).
+void addProjectorCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                          CommandList& commands);
+
+// Custom rendering commands ("CustomRendering", "CustomRenderingColor").
+void addCustomRenderingCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                                CommandList& commands);
+
 // Scenario commands ("ReferenceYear", "CoordSystem", ...). The three
 // version-dependent keywords ("Classification", "GenericData", "ImageFile")
 // come last in the list, chosen by `version`.

@@ -3,6 +3,7 @@
 // each file describes. The live feed loads as two files, and its rule holds:
 // the second file merges the first file's platforms by ASI id and must bring
 // a moving platform of its own.
+#include <cmath>
 #include <map>
 #include <sstream>
 
@@ -165,6 +166,46 @@ TEST_F(Examples, RadarLoadsCleanWithItsBeamsAndGates) {
   EXPECT_EQ(targets[0][1], byName["Raider 1"]["id"]);
   EXPECT_EQ(targets[1][1], 0);
   EXPECT_EQ(byName["Avalon fire control"]["data"]["status"]["count"], 2);
+}
+
+TEST_F(Examples, DesignatorLoadsCleanWithItsLaserLobFansAndAProjectorOnABeam) {
+  const e2e::Outcome r = load({example("designator.asi")});
+  EXPECT_EQ(r.status, 0) << r.out << r.err;
+  EXPECT_EQ(problems(), std::vector<std::string>{});
+  EXPECT_EQ(r.err.find("ERROR"), std::string::npos) << r.err;
+  const auto dump = json("dump.json");
+  EXPECT_EQ(platforms(dump),
+            (Platforms{{"Kestrel 31", 19}, {"Convoy lead", 19}, {"DF Site North", 1}, {"DF Site West", 1}}));
+  std::map<std::string, nlohmann::json> byName;
+  for (const auto& object : dump["objects"]) byName[object["header"]["name"]] = object;
+
+  const auto& laser = byName["Kestrel designator"];
+  EXPECT_EQ(laser["kind"], "laser");
+  EXPECT_EQ(laser["parent"], byName["Kestrel 31"]["id"]);
+  EXPECT_EQ(laser["data"]["points"]["count"], 19);
+  // Off at the start, lasing from 60 s to 150 s.
+  const double start = 24746400;
+  EXPECT_EQ(laser["data"]["status"]["records"],
+            (nlohmann::json{{start, 0}, {start + 60, 1}, {start + 150, 0}}));
+  EXPECT_EQ(laser["data"]["laserMaxRange"]["records"][0], (nlohmann::json{-1.0, 10000.0}));
+
+  // One fan of bearings from each direction-finding site.
+  for (const auto& [lob, site] : {std::pair<std::string, std::string>{"North bearings", "DF Site North"},
+                                  {"West bearings", "DF Site West"}}) {
+    EXPECT_EQ(byName[lob]["kind"], "lob") << lob;
+    EXPECT_EQ(byName[lob]["parent"], byName[site]["id"]) << lob;
+    EXPECT_EQ(byName[lob]["data"]["points"]["count"], 19) << lob;
+  }
+
+  // The video hangs on the turret's beam and zooms from 4 to 1.5 degrees.
+  const auto& video = byName["Kestrel EO/IR video"];
+  EXPECT_EQ(video["kind"], "projector");
+  EXPECT_EQ(byName["Kestrel EO/IR turret"]["kind"], "beam");
+  EXPECT_EQ(video["parent"], byName["Kestrel EO/IR turret"]["id"]);
+  EXPECT_EQ(video["settings"]["rasterFile"], "kestrel_eoir.png");
+  const auto& fov = video["data"]["projectorFov"]["records"];
+  ASSERT_EQ(fov.size(), 3u);
+  EXPECT_NEAR(fov[2][1].get<double>(), 1.5 * M_PI / 180, 1e-12);
 }
 
 TEST_F(Examples, GpxPetAndWamFilesLoadClean) {
