@@ -234,7 +234,9 @@ int addData(const std::string& fileName, ScenarioUD* scenario, OTGPlatformMap& p
   auto orNotSet = [](const std::string& text, const char* fallback) { return text.empty() ? fallback : text; };
   const std::pair<const char*, std::string> categories[] = {
       {"Data Format", OTG_DATA_FORMAT},
-      {"Force Code", orNotSet(contact.getForceCode(), "NOT SET")},
+      // An empty force code has no value to show: the category store refuses
+      // it, and the track has no "Force Code" until a report gives one.
+      {"Force Code", contact.getForceCode()},
       {"Track Type", orNotSet(contact.getTrackType(), "Tactical")},
       {"SCONUM", orNotSet(contact.getSconum(), "NOT SET")},
       {"Type", orNotSet(contact.getType(), "NOT SET")}};
@@ -294,7 +296,7 @@ int LoadOTGFile(const std::string& fileName, ScenarioUD* scenario, ScenarioUD::P
   if (parsed == 2) return UD_USER_CANCEL;
   if (parsed < 0 || messages.empty()) {
     flushFaults();
-    if (parsed >= 0) writeErrorStreamUD("Empty data file encountered.\n");
+    writeErrorStreamUD("Empty data file encountered.\n");
     return UD_FATAL;
   }
 
@@ -319,11 +321,10 @@ int LoadOTGFile(const std::string& fileName, ScenarioUD* scenario, ScenarioUD::P
       return UD_USER_CANCEL;
     }
   }
-  if (load.empty()) {
-    flushFaults();
-    writeErrorStreamUD("No position report of the file could be loaded.\n");
-    return UD_FATAL;
-  }
+  // Messages whose every report was left out (placeholders at the pole,
+  // unreadable positions) still make a file that loaded: the scenario is
+  // empty, and the user is told why.
+  if (load.empty()) load.faults << "No position report of the file could be loaded.\n";
 
   scenario->makeRefLinks();
   scenario->setStartEndTimes();

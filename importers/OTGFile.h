@@ -24,7 +24,8 @@ inline constexpr int OTG_LOADED_WITH_ERRORS = UD_UNKNOWN_KEYWORD;
 
 // Reads `fileName` into `scenario`. 0 on success; UD_FATAL when the file
 // can't be read or holds no message; OTG_LOADED_WITH_ERRORS when a message
-// failed and was left out. Faults go to the document's error stream, each
+// failed and was left out. Messages without a loadable report load as an
+// empty scenario (0, with a warning). Faults go to the document's error stream, each
 // with its file line. `progress` (may be null) hears the percentage and
 // cancels the load by answering true; a canceled load answers UD_USER_CANCEL.
 int LoadOTGFile(const std::string& fileName, ScenarioUD* scenario, ScenarioUD::PercentCallback* progress = nullptr);

@@ -74,11 +74,10 @@ int OTHMessage::parseMessage(const std::vector<std::string>& lines, unsigned lon
   OTHParseLog standardError(std::cerr);
   OTHParseLog& report = log != nullptr ? *log : standardError;
 
-  size_t written = 0;
-  for (const std::string& line : lines) written += trimmed(line).empty() ? 0 : 1;
-  if (written < 4) {
+  // Every line of the group counts, blank ones too.
+  if (lines.size() < 4) {
     report.out() << "Error in processing MSGID" << where(firstLine) << ": a message needs at least 4 lines, it has "
-                 << written << '\n';
+                 << lines.size() << '\n';
     report.countError();
     failed_ = true;
     return 1;

@@ -88,3 +88,16 @@ TEST_F(OtgFiles, AFileWithoutMessagesFails) {
   EXPECT_NE(told.find("Empty data file encountered."), std::string::npos) << told;
   EXPECT_NE(told.find("Fatal error when loading OTG file"), std::string::npos) << told;
 }
+
+TEST_F(OtgFiles, OnlyPlaceholderReportsLoadAnEmptyScenario) {
+  const e2e::Outcome r = load(write("placeholders.otg",
+                                    "MSGID/GOLD/CTF-324/MOC-BODO/0001/MAR\n"
+                                    "CTC/T0199/UNK-01\n"
+                                    "POS/140915Z0/MAR/9000N9/00000E0\n"
+                                    "ENDAT\n"));
+  EXPECT_EQ(r.status, 0) << r.out << r.err;
+  const std::string told = problems();
+  EXPECT_EQ(told.find("Fatal error"), std::string::npos) << told;
+  EXPECT_NE(told.find("No position report of the file could be loaded."), std::string::npos) << told;
+  EXPECT_TRUE(dump()["objects"].empty());
+}

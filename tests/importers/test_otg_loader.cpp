@@ -117,7 +117,8 @@ TEST_F(OtgLoad, OnePlatformPerTrackWithItsDataAndEllipses) {
   EXPECT_EQ(category("ALPHA", "Track Type", kJan12At1530), "SURFACE");
   EXPECT_EQ(category("ALPHA", "SCONUM", kJan12At1530), "12345");
   EXPECT_EQ(category("ALPHA", "Type", kJan12At1530), "FFG");
-  // A contact without those fields.
+  // A contact without those fields; without a force code there is none to show.
+  EXPECT_EQ(category("BRAVO", "Force Code", kJan12At1530), "<no value>");
   EXPECT_EQ(category("BRAVO", "Track Type", kJan12At1530), "Tactical");
   EXPECT_EQ(category("BRAVO", "SCONUM", kJan12At1530), "NOT SET");
   EXPECT_EQ(category("BRAVO", "Type", kJan12At1530), "NOT SET");
@@ -189,8 +190,13 @@ TEST_F(OtgLoad, EmptyOrMissingFilesAreFatal) {
   EXPECT_NE(log().find("Empty data file encountered."), std::string::npos) << log();
   EXPECT_EQ(LoadOTGFile(testing::TempDir() + "no_such.otg", &scenario_), UD_FATAL);
   EXPECT_NE(log().find("Unable to open"), std::string::npos);
-  // Messages whose every report is bad leave nothing to show.
-  EXPECT_EQ(load("MSGID/GOLD/A/B/0001/JAN\nCTC/T1/A\nPOS/1/JAN/3530N1/07530W5\nENDAT\n"), UD_FATAL);
+  // A file that can't be read has no message either.
+  EXPECT_NE(log().find("Empty data file encountered.", log().find("Unable to open")), std::string::npos) << log();
+}
+
+TEST_F(OtgLoad, MessagesWithoutALoadableReportLoadEmpty) {
+  EXPECT_EQ(load("MSGID/GOLD/A/B/0001/JAN\nCTC/T1/A\nPOS/1/JAN/3530N1/07530W5\nENDAT\n"), UD_NO_ERROR);
+  EXPECT_TRUE(scenario_.platforms().empty());
   EXPECT_NE(log().find("No position report of the file could be loaded."), std::string::npos);
 }
 
