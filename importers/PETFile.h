@@ -4,8 +4,9 @@
 // Each object name becomes a platform placed by the named columns; every
 // other column goes, row by row, into the platform's data table "Extra".
 //
-// Faults are written to the document's error stream (standard error unless
-// the caller gathers it) and end the read at their line.
+// The faults of the file's layout ("Error: ...") are printed on standard
+// output and end the read at their line; a row whose state the document
+// refuses is told on standard error and passed over.
 
 #include <cstdint>
 #include <map>
