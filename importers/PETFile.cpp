@@ -181,7 +181,7 @@ int PETFile::updatePlatformLocation(const std::vector<std::string>& tokens, PETP
       platform->platform->AddState(time, position, nullptr, hasVelocity ? velocity : nullptr, nullptr);
   if (result != UD_NO_ERROR) {
     Importers::tellFault("Error: " + udErrorString(result) + " for " + platform->name + "\n");
-    return 0;
+    return kRowRefused;
   }
   platform->lastTime = time;
   return 0;
@@ -207,7 +207,10 @@ int PETFile::ParseDataLine(const std::vector<std::string>& tokens, ScenarioUD* s
   PETPlatform* platform = getPlatform(tokens, scenario);
   if (platform == nullptr) return 1;
   const double time = number(field_(tokens, DVALTIME)) + timeOffset;
-  if (int result = updatePlatformLocation(tokens, platform, scenario, time)) return result;
+  const int result = updatePlatformLocation(tokens, platform, scenario, time);
+  // A refused row adds no table row either (its time may be no number).
+  if (result == kRowRefused) return 0;
+  if (result != 0) return result;
   return updatePlatformTable(tokens, platform, time);
 }
 

@@ -54,6 +54,9 @@ class PETFile {
 
   // The platform of the row's object name, made on its first row; null on a fault.
   PETPlatform* getPlatform(const std::vector<std::string>& tokens, ScenarioUD* scenario);
+  // kRowRefused when the document refuses the row's state: the row is
+  // passed over and the read goes on.
+  static constexpr int kRowRefused = -1;
   int updatePlatformLocation(const std::vector<std::string>& tokens, PETPlatform* platform, ScenarioUD* scenario,
                              double time);
   int updatePlatformTable(const std::vector<std::string>& tokens, PETPlatform* platform, double time);

@@ -69,6 +69,8 @@ bool TrackConverter::passes_(const WAMPlatform& platform, const WAMPoint& point,
       speed = calculatedSpeed(*last, point, time - absoluteTime_(*last));
     if (speed > mapping_.maximumSpeedFilter()) return ++dropped.speed, false;
   }
+  // A position that is no number is no place at all, whatever the source.
+  if (!std::isfinite(point.latitude) || !std::isfinite(point.longitude)) return ++dropped.position, false;
   const std::string& source =
       point.text[WAMPoint::SOURCE].empty() ? platform.track.source : point.text[WAMPoint::SOURCE];
   if (source != "GALAXY") {

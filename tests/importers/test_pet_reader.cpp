@@ -139,10 +139,14 @@ TEST(PetFaults, EachEndsTheReadWithItsMessage) {
 TEST(PetFaults, ARowTheDocumentRefusesIsPassedOver) {
   Loaded pet;
   load(pet, "refused.pet",
-       "STD PET CSV\nLat,Long,Altitude,DVALTIME,oName,Geometry\n"
-       "1,1,1,1,a,WGSLLA\n1,1,1,-5,a,WGSLLA\n1,1,1,3,a,WGSLLA\n1,1,1,-5,ghost,WGSLLA\n");
+       "STD PET CSV\n"
+       "Lat,Long,Altitude,DVALTIME,oName,Geometry,Note\n"
+       "1,1,1,1,a,WGSLLA,x\n1,1,1,-5,a,WGSLLA,x\n1,1,1,nan,a,WGSLLA,x\n1,1,1,3,a,WGSLLA,x\n"
+       "1,1,1,-5,ghost,WGSLLA,x\n");
   EXPECT_EQ(pet.result, 0) << pet.errors;
   EXPECT_NE(pet.errors.find(" for a\n"), std::string::npos) << pet.errors;
   ASSERT_EQ(pet.scenario.platforms().size(), 1u);  // "ghost" had no state at all
-  EXPECT_EQ(pet.scenario.platforms().begin()->second->Motion()->states().size(), 2u);
+  const PlatformUD& a = *pet.scenario.platforms().begin()->second;
+  EXPECT_EQ(a.Motion()->states().size(), 2u);
+  EXPECT_EQ(extraOf(pet.scenario, a)->getNumRows(), 2u);  // refused rows add no table row
 }
