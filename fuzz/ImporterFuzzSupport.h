@@ -36,15 +36,18 @@ inline void writeInput(const std::string& path, const uint8_t* data, size_t size
 // Silences standard output and the document's error stream while it lives.
 class Quiet {
  public:
-  Quiet() : out_(std::cout.rdbuf(sink_.rdbuf())), errors_(setErrorStreamUD(&sink_)) {}
+  Quiet()
+      : out_(std::cout.rdbuf(sink_.rdbuf())), err_(std::cerr.rdbuf(sink_.rdbuf())), errors_(setErrorStreamUD(&sink_)) {}
   ~Quiet() {
     std::cout.rdbuf(out_);
+    std::cerr.rdbuf(err_);
     setErrorStreamUD(errors_);
   }
 
  private:
   std::ostringstream sink_;
   std::streambuf* out_;
+  std::streambuf* err_;
   std::ostream* errors_;
 };
 

@@ -25,7 +25,7 @@ constexpr size_t kBlockSize = 8192;
 constexpr int kFirstYear = 1900;
 constexpr int kLastYear = 9999;
 
-void complain(const std::string& text) { writeErrorStreamUD(text); }
+void complain(const std::string& text) { Importers::tellFault(text); }
 
 // A number as strtod reads it (leading blanks skipped, what does not read
 // is 0), through from_chars: it is the reader's hottest call.
@@ -165,9 +165,10 @@ uint64_t TrackData::sendToASI(int referenceYear) {
   for (const PosInfo& point : points_) {
     const double time = point.year > 0 ? point.time + yearOffset(referenceYear, point.year) : point.time;
     const double position[3] = {point.latitude, point.longitude, point.altitude};
-    // Without a course the heading is left for the document to derive.
-    const double orientation[3] = {point.course, 0.0, 0.0};
-    made->AddState(time, position, point.hasCourse ? orientation : nullptr, point.hasSpeed ? point.speed : -1.0);
+    // Every point carries an orientation: yaw is the course (0 without
+    // one), pitch and roll 0. A speed without a course is therefore along 0.
+    const double orientation[3] = {point.hasCourse ? point.course : 0.0, 0.0, 0.0};
+    made->AddState(time, position, orientation, point.hasSpeed ? point.speed : -1.0);
   }
   points_.clear();
   points_.shrink_to_fit();
@@ -259,14 +260,12 @@ bool GPXTreeParser::elementEnded_(XML::XmlTree& element, size_t depth) {
     track_(element);
   } else if (element.is("wpt")) {
     waypoint_(element);
-  } else if (element.is("metadata") || element.is("time")) {
-    // GPX 1.1 keeps the file's time in "metadata", GPX 1.0 under the root.
-    const XML::XmlTree* time = element.is("time") ? &element : element.child("time");
+  } else if (element.is("metadata")) {
+    // Only "metadata" carries the file's own time; the loose header
+    // elements of GPX 1.0 ("name", "time", "bounds", ...) are told as
+    // unsupported like any other element.
     double seconds = 0.0;
-    if (time) processTime(time->value(), seconds, fileYear_);
-  } else if (element.is("name") || element.is("desc") || element.is("author") || element.is("email") ||
-             element.is("url") || element.is("urlname") || element.is("keywords") || element.is("bounds")) {
-    // The file description of GPX 1.0: nothing to show.
+    if (const XML::XmlTree* time = element.child("time")) processTime(time->value(), seconds, fileYear_);
   } else {
     complain("Unsupported GPX element type on line " + std::to_string(element.line()) +
              " type: " + element.name() + "\n");
@@ -315,8 +314,9 @@ void GPXTreeParser::waypoint_(const XML::XmlTree& waypoint) {
   const std::string* lon = waypoint.attribute("lon");
   if (lat == nullptr || lon == nullptr) return;
   auto data = std::make_unique<TrackData>(scenario_, true, "GPS WPT", "GPX wpt");
-  // The waypoint's label: its description, else its comment, else its name.
-  for (const char* field : {"desc", "cmt", "name"}) {
+  // The waypoint's label: its description, else its comment ("name" is
+  // not read: without either it stays "GPS WPT").
+  for (const char* field : {"desc", "cmt"}) {
     const XML::XmlTree* node = waypoint.child(field);
     const std::string text = node ? node->trimmedValue() : std::string();
     if (!text.empty()) {

@@ -2,9 +2,10 @@
 // The GPS exchange file reader: every track of a GPX file becomes a platform
 // "GPS TRK" and every waypoint a platform "GPS WPT" of a ScenarioUD.
 //
-// Messages: "GPX File: <name>" on the importers' info stream; faults (XML
-// errors, a root other than "gpx", unsupported elements, unreadable times)
-// on the document's error stream.
+// Messages: "GPX File: <name>" on standard output; faults (XML errors, a
+// root other than "gpx", unsupported elements, unreadable times) on
+// standard error (Importers::tellInfo, tellFault). The host is told only
+// the load's result.
 
 #include <cstdint>
 #include <string>

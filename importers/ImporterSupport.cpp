@@ -1,14 +1,15 @@
 #include "importers/ImporterSupport.h"
 
 #include <cmath>
-#include <ostream>
+#include <iostream>
 
 #include "core/TimeCalendar.h"
 
 namespace Importers {
 
 namespace {
-std::ostream* infoStream = nullptr;
+std::ostream* infoStream = nullptr;   // null: standard output
+std::ostream* faultStream = nullptr;  // null: standard error
 }
 
 ImporterEntry readerEntry(std::vector<std::string> extensions, const std::string& name, ImporterEntry::Load read) {
@@ -45,8 +46,14 @@ std::ostream* setInfoStream(std::ostream* stream) {
   return previous;
 }
 
-void tellInfo(const std::string& text) {
-  if (infoStream != nullptr) *infoStream << text;
+std::ostream* setFaultStream(std::ostream* stream) {
+  std::ostream* previous = faultStream;
+  faultStream = stream;
+  return previous;
 }
+
+void tellInfo(const std::string& text) { (infoStream ? *infoStream : std::cout) << text << std::flush; }
+
+void tellFault(const std::string& text) { (faultStream ? *faultStream : std::cerr) << text << std::flush; }
 
 }  // namespace Importers

@@ -21,10 +21,14 @@ double yearOffset(int fromYear, int toYear);
 // False for a value that is not finite.
 bool courseRadians(double degrees, double& radians);
 
-// Where the readers' progress lines go ("GPX File: ...", the WAM track
-// summaries): nowhere unless a stream is set. Faults go to the document's
-// error stream instead. Answers the previous stream.
+// The GPX, PET and WAM readers talk to the console, not to the host: their
+// progress lines ("GPX File: ...", the WAM track summaries) go to standard
+// output and their faults to standard error. The host sees only the load's
+// result. Tests point either at a stream of their own; each setter answers
+// the previous stream (null restores the console).
 std::ostream* setInfoStream(std::ostream* stream);
+std::ostream* setFaultStream(std::ostream* stream);
 void tellInfo(const std::string& text);
+void tellFault(const std::string& text);
 
 }  // namespace Importers

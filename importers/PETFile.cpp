@@ -67,7 +67,7 @@ const std::string& PETFile::field_(const std::vector<std::string>& tokens, Requi
 
 int PETFile::ParseVersionLine(const std::vector<std::string>& tokens) {
   if (tokens.empty() || tokens[0].find("STD PET CSV") == std::string::npos) {
-    writeErrorStreamUD("Error: File format not correct.  Expecting first line to contain \"STD PET CSV\"\n");
+    Importers::tellInfo("Error: File format not correct.  Expecting first line to contain \"STD PET CSV\"\n");
     return 1;
   }
   return 0;
@@ -92,7 +92,7 @@ int PETFile::ParseColumnHeaderLine(const std::vector<std::string>& tokens) {
   }
   for (int r = LAT; r <= GEOMETRY; ++r) {
     if (required_[r] < 0) {
-      writeErrorStreamUD(std::string("Error: Missing required ") + kRequiredNames[r] + " column\n");
+      Importers::tellInfo(std::string("Error: Missing required ") + kRequiredNames[r] + " column\n");
       return 1;
     }
   }
@@ -127,7 +127,7 @@ PETPlatform* PETFile::getPlatform(const std::vector<std::string>& tokens, Scenar
                           number(field_(tokens, ALTITUDE)) * kYardsToMetres);
   auto platform = std::make_unique<PlatformUD>(scenario, std::move(header));
   if (platform->AddToScenario(scenario) != UD_NO_ERROR) {
-    writeErrorStreamUD("Error: Unable to add platform " + name + "\n");
+    Importers::tellFault("Error: Unable to add platform " + name + "\n");
     return nullptr;
   }
   PETPlatform& entry = platforms_[name];
@@ -148,7 +148,7 @@ PETPlatform* PETFile::getPlatform(const std::vector<std::string>& tokens, Scenar
 int PETFile::updatePlatformLocation(const std::vector<std::string>& tokens, PETPlatform* platform,
                                     ScenarioUD* scenario, double time) {
   if (orvCore::caseCompare(field_(tokens, GEOMETRY), "WGSLLA") != 0) {
-    writeErrorStreamUD("Error: Currently only support WGSLLA\n");
+    Importers::tellInfo("Error: Currently only support WGSLLA\n");
     return 1;
   }
   const double lat = number(field_(tokens, LAT)) * kDegToRad;
@@ -175,11 +175,13 @@ int PETFile::updatePlatformLocation(const std::vector<std::string>& tokens, PETP
     velocity[1] = -sinLat * cosLon * x - sinLat * sinLon * y + cosLat * z;
     velocity[2] = cosLat * cosLon * x + cosLat * sinLon * y + sinLat * z;
   }
+  // A row that the document refuses (a negative time, a position off the
+  // earth) loses its state only: the rest of the file still loads.
   const int result =
       platform->platform->AddState(time, position, nullptr, hasVelocity ? velocity : nullptr, nullptr);
   if (result != UD_NO_ERROR) {
-    writeErrorStreamUD("Error: " + udErrorString(result) + " for " + platform->name + "\n");
-    return 1;
+    Importers::tellFault("Error: " + udErrorString(result) + " for " + platform->name + "\n");
+    return kRowRefused;
   }
   platform->lastTime = time;
   return 0;
@@ -205,7 +207,10 @@ int PETFile::ParseDataLine(const std::vector<std::string>& tokens, ScenarioUD* s
   PETPlatform* platform = getPlatform(tokens, scenario);
   if (platform == nullptr) return 1;
   const double time = number(field_(tokens, DVALTIME)) + timeOffset;
-  if (int result = updatePlatformLocation(tokens, platform, scenario, time)) return result;
+  const int result = updatePlatformLocation(tokens, platform, scenario, time);
+  // A refused row adds no table row either (its time may be no number).
+  if (result == kRowRefused) return 0;
+  if (result != 0) return result;
   return updatePlatformTable(tokens, platform, time);
 }
 
@@ -216,12 +221,12 @@ int PETFile::ParsePETFile(const std::string& fileName, ScenarioUD* scenario, dou
   originSet_ = false;
   std::ifstream in(fileName, std::ios::binary);
   if (!in) {
-    writeErrorStreamUD("Error: Unable to open PET file " + fileName + "\n");
+    Importers::tellFault("Error: Unable to open PET file " + fileName + "\n");
     return 1;
   }
   std::string line;
   if (!nextLine(in, line)) {
-    writeErrorStreamUD("Error: File format not correct.  Expecting first line to contain \"STD PET CSV\"\n");
+    Importers::tellInfo("Error: File format not correct.  Expecting first line to contain \"STD PET CSV\"\n");
     return 1;
   }
   if (int result = ParseVersionLine(splitRow(line))) return result;
@@ -242,6 +247,15 @@ int PETFile::ParsePETFile(const std::string& fileName, ScenarioUD* scenario, dou
         progress->updateProgress(static_cast<int>(100.0 * static_cast<double>(in.tellg()) / size)))
       return UD_USER_CANCEL;
     if (int result = ParseDataLine(splitRow(line), scenario, timeOffset)) return result;
+  }
+  // An object whose every row was refused has nothing to show.
+  for (auto it = platforms_.begin(); it != platforms_.end();) {
+    if (it->second.platform->Motion()->Size() == 0) {
+      scenario->deletePlatform(it->second.platform->UniqueID());
+      it = platforms_.erase(it);
+    } else {
+      ++it;
+    }
   }
   return 0;
 }

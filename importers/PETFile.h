@@ -4,8 +4,9 @@
 // Each object name becomes a platform placed by the named columns; every
 // other column goes, row by row, into the platform's data table "Extra".
 //
-// Faults are written to the document's error stream (standard error unless
-// the caller gathers it) and end the read at their line.
+// The faults of the file's layout ("Error: ...") are printed on standard
+// output and end the read at their line; a row whose state the document
+// refuses is told on standard error and passed over.
 
 #include <cstdint>
 #include <map>
@@ -53,6 +54,9 @@ class PETFile {
 
   // The platform of the row's object name, made on its first row; null on a fault.
   PETPlatform* getPlatform(const std::vector<std::string>& tokens, ScenarioUD* scenario);
+  // kRowRefused when the document refuses the row's state: the row is
+  // passed over and the read goes on.
+  static constexpr int kRowRefused = -1;
   int updatePlatformLocation(const std::vector<std::string>& tokens, PETPlatform* platform, ScenarioUD* scenario,
                              double time);
   int updatePlatformTable(const std::vector<std::string>& tokens, PETPlatform* platform, double time);

@@ -69,6 +69,8 @@ bool TrackConverter::passes_(const WAMPlatform& platform, const WAMPoint& point,
       speed = calculatedSpeed(*last, point, time - absoluteTime_(*last));
     if (speed > mapping_.maximumSpeedFilter()) return ++dropped.speed, false;
   }
+  // A position that is no number is no place at all, whatever the source.
+  if (!std::isfinite(point.latitude) || !std::isfinite(point.longitude)) return ++dropped.position, false;
   const std::string& source =
       point.text[WAMPoint::SOURCE].empty() ? platform.track.source : point.text[WAMPoint::SOURCE];
   if (source != "GALAXY") {
@@ -153,13 +155,12 @@ bool TrackConverter::convert(const WAMPlatform& platform) {
       ok = false;
     addPointCategories_(id, time, point, lastCategories);
   }
-  // A track that vanishes whole is worth a warning; the counts are progress.
   if (made != nullptr && made->Motion()->Size() == 0) {
     scenario_->deletePlatform(id);
     made = nullptr;
   }
   if (made == nullptr) {
-    writeErrorStreamUD(name + " dropped due to no valid points!\n");
+    Importers::tellInfo(name + " dropped due to no valid points!\n");
     return ok;
   }
   std::ostringstream summary;
@@ -205,7 +206,7 @@ int ParseWAMFile(const std::string& fileName, ScenarioUD* scenario, ScenarioUD::
   if (dropped == WAMLib::WAMLibrary::kCanceled) return UD_USER_CANCEL;
   if (dropped < 0 || library.recordCount() == 0) {
     if (dropped >= 0) errors << "Empty WAM data file encountered.\n";
-    writeErrorStreamUD(errors.str());
+    Importers::tellFault(errors.str());
     return 1;
   }
   scenario->setCoordSystem(orvCore::LLA);
@@ -216,7 +217,7 @@ int ParseWAMFile(const std::string& fileName, ScenarioUD* scenario, ScenarioUD::
   if (dropped > 0) errors << "\nFile processing errors occurred while loading: " << fileName << '\n';
   if (!convertWAMFile(scenario, library, mapping))
     errors << "File encountered errors while loading: " << fileName << '\n';
-  writeErrorStreamUD(errors.str());
+  if (!errors.str().empty()) Importers::tellFault(errors.str());
   return 0;
 }
 

@@ -3,9 +3,9 @@
 // their points filtered by the limits of the mapping file wamModel.map,
 // which also gives the icons and the classification.
 //
-// Progress lines ("Parsing WAM File : ...", a summary per track) go to the
-// importers' info stream; faults, and tracks dropped whole, to the
-// document's error stream.
+// Progress lines ("Parsing WAM File : ...", a summary per track, tracks
+// dropped whole) go to standard output, faults to standard error; the host
+// is told only the load's result.
 
 #include <cstdint>
 #include <string>

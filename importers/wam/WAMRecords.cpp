@@ -1,5 +1,6 @@
 #include "importers/wam/WAMRecords.h"
 
+#include <cmath>
 #include <cstdlib>
 #include <ostream>
 
@@ -72,8 +73,14 @@ bool parseTime(int year, const std::string& date, const std::string& time, const
     errors << "The hhmmss field is not a time of day: " << time << '\n';
     return false;
   }
+  // "nan" or "inf" would give a time that no filter can order.
+  const double thousandths = std::strtod(milliseconds.c_str(), nullptr);
+  if (!std::isfinite(thousandths)) {
+    errors << "The milliseconds field is not a number: " << milliseconds << '\n';
+    return false;
+  }
   seconds = orvCore::getYearDay(month - 1, day, year) * 86400.0 + twoDigits(time, 0) * 3600.0 +
-            twoDigits(time, 2) * 60.0 + twoDigits(time, 4) + std::strtod(milliseconds.c_str(), nullptr) * 0.001;
+            twoDigits(time, 2) * 60.0 + twoDigits(time, 4) + thousandths * 0.001;
   return true;
 }
 

@@ -12,6 +12,7 @@
 
 #include "document/ConvenienceFuncsUD.h"
 #include "document/ScenarioUD.h"
+#include "importers/ImporterSupport.h"
 
 namespace importertest {
 
@@ -31,6 +32,26 @@ class ErrorCapture {
  private:
   std::ostringstream text_;
   std::ostream* previous_;
+};
+
+// Gathers what the GPX, PET and WAM readers print on the console while it
+// lives: their faults (standard error) and their progress lines (standard
+// output), apart.
+class ConsoleCapture {
+ public:
+  ConsoleCapture()
+      : previousFault_(Importers::setFaultStream(&faults_)), previousInfo_(Importers::setInfoStream(&info_)) {}
+  ~ConsoleCapture() {
+    Importers::setFaultStream(previousFault_);
+    Importers::setInfoStream(previousInfo_);
+  }
+  std::string faults() const { return faults_.str(); }
+  std::string info() const { return info_.str(); }
+
+ private:
+  std::ostringstream faults_, info_;
+  std::ostream* previousFault_;
+  std::ostream* previousInfo_;
 };
 
 // Every category entry of an object: name -> (time -> value).

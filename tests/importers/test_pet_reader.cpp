@@ -9,7 +9,7 @@
 #include "datatable/DataTable.h"
 #include "importers/PETFile.h"
 
-using importertest::ErrorCapture;
+using importertest::ConsoleCapture;
 using importertest::staticCategory;
 using importertest::writeFile;
 
@@ -20,14 +20,16 @@ constexpr double kDeg = 0.017453292519943295;
 struct Loaded {
   ScenarioUD scenario;
   int result = -1;
-  std::string errors;
+  std::string printed;  // standard output: the file's layout faults
+  std::string errors;   // standard error
 };
 
 void load(Loaded& out, const std::string& name, const std::string& text) {
-  ErrorCapture errors;
+  ConsoleCapture console;
   PETFile reader;
   out.result = reader.ParsePETFile(writeFile(name, text), &out.scenario, 0.0, false, true);
-  out.errors = errors.str();
+  out.printed = console.info();
+  out.errors = console.faults();
 }
 
 DataTable* extraOf(const ScenarioUD& scenario, const PlatformUD& platform) {
@@ -120,7 +122,7 @@ TEST(PetFaults, EachEndsTheReadWithItsMessage) {
     Loaded pet;
     load(pet, "fault.pet", c.text);
     EXPECT_NE(pet.result, 0);
-    EXPECT_EQ(pet.errors, c.message);
+    EXPECT_EQ(pet.printed, c.message);
     EXPECT_TRUE(pet.scenario.platforms().empty());
   }
   // A row of another geometry stops the read there; earlier rows stay.
@@ -129,7 +131,22 @@ TEST(PetFaults, EachEndsTheReadWithItsMessage) {
        "STD PET CSV\nLat,Long,Altitude,DVALTIME,oName,Geometry\n"
        "1,1,1,1,a,WGSLLA\n1,1,1,2,a,ECEF\n1,1,1,3,a,WGSLLA\n");
   EXPECT_NE(pet.result, 0);
-  EXPECT_EQ(pet.errors, "Error: Currently only support WGSLLA\n");
+  EXPECT_EQ(pet.printed, "Error: Currently only support WGSLLA\n");
   ASSERT_EQ(pet.scenario.platforms().size(), 1u);
   EXPECT_EQ(pet.scenario.platforms().begin()->second->Motion()->states().size(), 1u);
+}
+
+TEST(PetFaults, ARowTheDocumentRefusesIsPassedOver) {
+  Loaded pet;
+  load(pet, "refused.pet",
+       "STD PET CSV\n"
+       "Lat,Long,Altitude,DVALTIME,oName,Geometry,Note\n"
+       "1,1,1,1,a,WGSLLA,x\n1,1,1,-5,a,WGSLLA,x\n1,1,1,nan,a,WGSLLA,x\n1,1,1,3,a,WGSLLA,x\n"
+       "1,1,1,-5,ghost,WGSLLA,x\n");
+  EXPECT_EQ(pet.result, 0) << pet.errors;
+  EXPECT_NE(pet.errors.find(" for a\n"), std::string::npos) << pet.errors;
+  ASSERT_EQ(pet.scenario.platforms().size(), 1u);  // "ghost" had no state at all
+  const PlatformUD& a = *pet.scenario.platforms().begin()->second;
+  EXPECT_EQ(a.Motion()->states().size(), 2u);
+  EXPECT_EQ(extraOf(pet.scenario, a)->getNumRows(), 2u);  // refused rows add no table row
 }

@@ -15,7 +15,7 @@
 #include "importers/wam/WAMLibrary.h"
 
 using importertest::categories;
-using importertest::ErrorCapture;
+using importertest::ConsoleCapture;
 using importertest::staticCategory;
 using importertest::writeFile;
 using WAMLib::WAMLibrary;
@@ -43,13 +43,10 @@ struct Loaded {
     setenv("ORVIDE_USER_DIR", dir.c_str(), 1);
     unsetenv("ORVIDE_DIR");
     unsetenv("ORVIDE_HOME");
-    ErrorCapture capture;
-    std::ostringstream info;
-    std::ostream* previous = Importers::setInfoStream(&info);
+    ConsoleCapture console;
     result = ParseWAMFile(writeFile("reader.wam", text), &scenario);
-    Importers::setInfoStream(previous);
-    out = info.str();
-    errors = capture.str();
+    out = console.info();
+    errors = console.faults();
   }
   const PlatformUD* platform(const std::string& name) const { return scenario.findPlatform(name); }
 };
@@ -65,12 +62,13 @@ TEST(WamLines, RecordsAndTheFaultsOfEach) {
       "POINT\\20240315\\1200\\0\\1\\N\\2\\E\\0\n"
       "POINT\\20240315\\\\0\\1\\N\\2\\E\\0\n"
       "POINT\\20241315\\120000\\0\\1\\N\\2\\E\\0\n"
+      "POINT\\20240315\\120000\\nan\\1\\N\\2\\E\\0\n"
       "ACTION\\U1\\7" + std::string(145, '\\') + "\n"
       "ACTION\\U1\\7" + std::string(146, '\\') + "\n"
       "BOGUS\\1\n");
   std::ostringstream errors;
   WAMLibrary library;
-  EXPECT_EQ(library.parseStream(in, errors), 8);
+  EXPECT_EQ(library.parseStream(in, errors), 9);
   EXPECT_EQ(library.recordCount(), 2u);
   ASSERT_EQ(library.platforms().count("U1_7"), 1u);
   const WAMLib::WAMPlatform& track = library.platforms().at("U1_7");
@@ -84,6 +82,7 @@ TEST(WamLines, RecordsAndTheFaultsOfEach) {
            "The hhmmss field must contain 6 characters: 1200\n",
            "Unable to process time due to empty fields\n",
            "The yyyymmdd field is not a date: 20241315\n",
+           "The milliseconds field is not a number: nan\n",
            "\nError parsing ACTION, expected 148 tokens, received 147\nUnable to parse ACTION:\n",
            "Unrecognized keyword: BOGUS\n"})
     EXPECT_NE(log.find(expected), std::string::npos) << expected << "\n---\n" << log;
@@ -100,7 +99,8 @@ TEST(WamFilters, EachCauseIsCountedAndFilteredTracksVanish) {
       + point("120040", 10.3, 20, "90\\300\\U1\\1\\2") + "\n"     // low quality: Local TQ
       + point("120050", 10.4, 20, "90\\300\\U1\\1\\5") + "\n"
       + point("120000", 0, 0, "0\\0\\U2\\5\\5\\5\\GALAXY") + "\n"  // exempt from the position test
-      + point("120000", 0, 0, "0\\0\\U3\\6") + "\n",
+      + point("120000", 0, 0, "0\\0\\U3\\6") + "\n"
+      + "POINT\\20240315\\120100\\0\\nan\\N\\1\\E\\0\\0\\0\\U2\\5\\5\\5\\GALAXY\n",
       "Maximum_Speed_Filter 500\nReject_Local_Track_Quality 2\nIgnore_Duplicate_Position true\n"
       "Hawk hawk.png\nClassification SECRET\n");
   ASSERT_EQ(wam.result, 0) << wam.errors;
@@ -108,7 +108,10 @@ TEST(WamFilters, EachCauseIsCountedAndFilteredTracksVanish) {
   EXPECT_NE(wam.out.find("Hawk Points Processed: 7\n  Dropped by Time: 1 Speed: 1 Position: 2 Local TQ: 1\n"),
             std::string::npos)
       << wam.out;
-  EXPECT_EQ(wam.errors, "U3_6 dropped due to no valid points!\n");
+  // A position that is no number is dropped even from a GALAXY source.
+  EXPECT_NE(wam.out.find("U2_5 Points Processed: 2\n  Dropped by Position: 1\n"), std::string::npos) << wam.out;
+  EXPECT_NE(wam.out.find("U3_6 dropped due to no valid points!\n"), std::string::npos) << wam.out;
+  EXPECT_EQ(wam.errors, "");
   const PlatformUD* hawk = wam.platform("Hawk");
   ASSERT_NE(hawk, nullptr);
   EXPECT_EQ(hawk->Header()->iconName, "hawk.png");
@@ -164,7 +167,7 @@ TEST(WamFile, EmptyAndMissingFilesFail) {
   EXPECT_NE(empty.result, 0);
   EXPECT_EQ(empty.errors, "Empty WAM data file encountered.\n");
   ScenarioUD scenario;
-  ErrorCapture errors;
+  ConsoleCapture errors;
   EXPECT_NE(ParseWAMFile(testing::TempDir() + "no_such.wam", &scenario), 0);
-  EXPECT_NE(errors.str().find("Unable to open WAM file"), std::string::npos);
+  EXPECT_NE(errors.faults().find("Unable to open WAM file"), std::string::npos);
 }
