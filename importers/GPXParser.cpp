@@ -162,6 +162,7 @@ uint64_t TrackData::sendToASI(int referenceYear) {
   scenario_->addCategoryData(id, -1.0, "Platform Type", type_);
   scenario_->addCategoryData(id, -1.0, "Data Format", "GPX");
 
+  made->Motion()->reserve(points_.size());
   for (const PosInfo& point : points_) {
     const double time = point.year > 0 ? point.time + yearOffset(referenceYear, point.year) : point.time;
     const double position[3] = {point.latitude, point.longitude, point.altitude};
@@ -354,16 +355,7 @@ void GPXTreeParser::send_(std::unique_ptr<TrackData> track) {
 
 void GPXTreeParser::rebase_(int year) {
   const double shift = yearOffset(year, referenceYear_);
-  for (uint64_t id : timed_) {
-    LinearPlatMotionUD* motion = scenario_->findPlatform(id)->Motion();
-    std::vector<MotionStateUD> states;
-    for (const auto& entry : motion->states()) states.push_back(entry.second);
-    for (const MotionStateUD& state : states) motion->DeleteItem(state.time);
-    for (MotionStateUD& state : states) {
-      state.time += shift;
-      motion->AddState(std::move(state));
-    }
-  }
+  for (uint64_t id : timed_) scenario_->findPlatform(id)->Motion()->shiftTimes(shift);
   referenceYear_ = year;
   scenario_->setReferenceYear(year);
 }
