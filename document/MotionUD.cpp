@@ -68,31 +68,40 @@ bool LinearPlatMotionUD::GetPointBefore(double time, MotionStateUD& out) const {
 
 const MotionStateUD* LinearPlatMotionUD::EndPoint() const { return states_.empty() ? nullptr : &states_.back(); }
 
-void LinearPlatMotionUD::findSpeed_(States::iterator state) {
-  States::iterator from;
-  States::iterator to;
-  if (state != states_.begin()) {
-    from = std::prev(state);
-    to = state;
-  } else if (std::next(state) != states_.end()) {
-    from = state;
-    to = std::next(state);
-  } else {
-    state->SetSpeed(0.0);
-    return;
-  }
-  const double dt = to->time - from->time;
+void LinearPlatMotionUD::findSpeed_(MotionStateUD& state, double fromTime, const orvCore::Vec3& from,
+                                    double toTime, const orvCore::Vec3& to) {
+  const double dt = toTime - fromTime;
   if (!(dt > 0.0)) {
-    state->SetVelocity(0.0, 0.0, 0.0);
+    state.SetVelocity(0.0, 0.0, 0.0);
     return;
   }
   double velocity[3];
-  enuVelocity(*state, toEcef(*from), toEcef(*to), dt, velocity);
-  state->SetVelocity(velocity[0], velocity[1], velocity[2]);
+  enuVelocity(state, from, to, dt, velocity);
+  state.SetVelocity(velocity[0], velocity[1], velocity[2]);
 }
 
 void LinearPlatMotionUD::CalculateVelocities() {
-  for (auto it = states_.begin(); it != states_.end(); ++it) findSpeed_(it);
+  const size_t count = states_.size();
+  if (count == 0) return;
+  const auto s = states_.begin();
+  if (count == 1) {
+    s->SetSpeed(0.0);
+    return;
+  }
+  // Each state's velocity is that of the step from the state before it; the
+  // first takes the step to the second. Each position goes to ECEF once: it
+  // ends one step and starts the next.
+  orvCore::Vec3 from = toEcef(s[0]);
+  orvCore::Vec3 to = toEcef(s[1]);
+  findSpeed_(s[0], s[0].time, from, s[1].time, to);
+  for (size_t i = 1; i < count; ++i) {
+    if (i > 1) {
+      from = to;
+      to = toEcef(s[static_cast<std::ptrdiff_t>(i)]);
+    }
+    const auto at = static_cast<std::ptrdiff_t>(i);
+    findSpeed_(s[at], s[at - 1].time, from, s[at].time, to);
+  }
 }
 
 void LinearPlatMotionUD::CalculateFlightPathAnglePitch() {

@@ -7,6 +7,7 @@
 #include <list>
 #include <map>
 
+#include "core/Vec3.h"
 #include "document/CommandsUD.h"
 #include "document/ConvenienceFuncsUD.h"
 #include "document/MotionStateUD.h"
@@ -62,8 +63,10 @@ class LinearPlatMotionUD : public BaseMotionUD {
   void setHasOrientation(bool given) { hasOrientation_ = given; }
 
  private:
-  // Velocity of `state` from its neighbour in time; 0 without one.
-  void findSpeed_(States::iterator state);
+  // Velocity of `state` from the step between two states' times and ECEF
+  // positions; 0 for a step without time.
+  static void findSpeed_(MotionStateUD& state, double fromTime, const orvCore::Vec3& from, double toTime,
+                         const orvCore::Vec3& to);
 
   States states_;
   bool hasVelocity_ = false;

@@ -171,7 +171,6 @@ uint64_t TrackData::sendToASI(int referenceYear) {
     made->AddState(time, position, point.hasCourse ? orientation : nullptr, point.hasSpeed ? point.speed : -1.0);
   }
   points_.clear();
-  points_.shrink_to_fit();
   // Points that the document refused all (no place on earth) leave nothing to show.
   if (made->Motion()->Size() == 0) {
     scenario_->deletePlatform(id);
@@ -232,6 +231,7 @@ class GPXTreeParser : public XML::XmlTreeParser {
   int referenceYear_ = 0;        // 0 until a timed track has set it
   std::vector<uint64_t> timed_;  // platforms whose times count from referenceYear_
   std::unique_ptr<TrackData> track_in_;  // the track being read
+  std::vector<PosInfo> pointBuffer_;     // the last sent track's, kept for the next
 };
 
 void GPXTreeParser::rootStarted_(XML::XmlTree& root) {
@@ -276,7 +276,10 @@ bool GPXTreeParser::elementEnded_(XML::XmlTree& element, size_t depth) {
 }
 
 void GPXTreeParser::trackPoint_(const XML::XmlTree& point) {
-  if (!track_in_) track_in_ = std::make_unique<TrackData>(scenario_, false, "GPS TRK", "GPX trk");
+  if (!track_in_) {
+    track_in_ = std::make_unique<TrackData>(scenario_, false, "GPS TRK", "GPX trk");
+    track_in_->adoptPointBuffer(std::move(pointBuffer_));
+  }
   // One pass over the children: a point has a handful.
   const XML::XmlTree *time = nullptr, *elevation = nullptr, *course = nullptr, *speed = nullptr;
   for (const auto& child : point.children()) {
@@ -351,6 +354,7 @@ void GPXTreeParser::send_(std::unique_ptr<TrackData> track) {
   }
   const uint64_t id = track->sendToASI(referenceYear_ ? referenceYear_ : scenario_->referenceYear());
   if (id != 0 && timed) timed_.push_back(id);
+  if (!track->isWaypoint()) pointBuffer_ = track->releasePointBuffer();
 }
 
 void GPXTreeParser::rebase_(int year) {
