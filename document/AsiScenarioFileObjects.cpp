@@ -119,29 +119,38 @@ void AsiScenarioFile::transmitPlatformData_(const TimeWindowUD& window) {
     if (!motion->hasOrientation()) motion->CalculateFlightPathAnglePitch();
     const bool oriented = motion->hasOrientation();
 
-    std::vector<PIData::PIPlatformPoint> points;
     const auto range = getAtOrInBetweenBeginAndEndIterators(motion->states(), window);
-    const bool isStatic = motion->Size() == 1 && motion->states().begin()->first == -1.0;
+    const bool isStatic = motion->Size() == 1 && motion->StartTime() == -1.0;
     // At the window's edges the interpolated states stand for the states
     // beyond them, so the host sees the platform exactly where the window opens
     // and closes.
-    const bool openAtMin = !isStatic && window.hasMin && range.first != range.second && range.first->first < window.min;
+    const bool openAtMin = !isStatic && window.hasMin && range.first != range.second && range.first->time < window.min;
     const bool closeAtMax = !isStatic && window.hasMax && motion->EndTime() > window.max && motion->StartTime() < window.max;
+    std::vector<PIData::PIPlatformPoint> edges;  // the opening edge first, if any
     MotionStateUD edge;
-    if (openAtMin && platform.GetState(window.min, edge)) {
+    const bool hasOpening = openAtMin && platform.GetState(window.min, edge);
+    if (hasOpening) {
       edge.time = window.min;
-      points.push_back(platformPoint(edge, oriented));
+      edges.push_back(platformPoint(edge, oriented));
     }
-    for (auto it = range.first; it != range.second; ++it) {
-      if (openAtMin && it->first < window.min) continue;
-      if (closeAtMax && it->first >= window.max) continue;
-      points.push_back(platformPoint(it->second, oriented));
-    }
+    auto first = range.first;
+    auto last = range.second;
+    while (openAtMin && first != last && first->time < window.min) ++first;
+    while (closeAtMax && first != last && std::prev(last)->time >= window.max) --last;
     if (closeAtMax && platform.GetState(window.max, edge)) {
       edge.time = window.max;
-      points.push_back(platformPoint(edge, oriented));
+      edges.push_back(platformPoint(edge, oriented));
     }
-    if (points.empty()) continue;
+    // The points are made as they are sent rather than gathered first: a
+    // platform's states are not held twice in the host's form.
+    const size_t states = static_cast<size_t>(last - first);
+    const size_t total = edges.size() + states;
+    auto pointAt = [&](size_t i) {
+      if (hasOpening && i == 0) return edges.front();
+      if (hasOpening) --i;
+      return i < states ? platformPoint(first[static_cast<std::ptrdiff_t>(i)], oriented) : edges.back();
+    };
+    if (total == 0) continue;
 
     const PlatformHeaderUD& h = *platform.Header();
     size_t next = 0;
@@ -149,13 +158,13 @@ void AsiScenarioFile::transmitPlatformData_(const TimeWindowUD& window) {
     if (hostId != 0) {
       // An appended file continues the earlier file's platform; its static
       // point is there already.
-      while (next < points.size() && points[next].time == -1.0) ++next;
+      while (next < total && pointAt(next).time == -1.0) ++next;
     } else {
       PIData::PIPlatformHeader header;
       header.name = h.callSign;
       header.iconName = h.iconName;
       header.originalId = h.originalID;
-      hostId = PIData::createPlatform(header, points.front());
+      hostId = PIData::createPlatform(header, pointAt(0));
       if (hostId == 0) {
         tellError("Unable to create platform <" + h.callSign + ">.\n");
         continue;
@@ -163,13 +172,20 @@ void AsiScenarioFile::transmitPlatformData_(const TimeWindowUD& window) {
       remember_(h.uniqueID, h.originalID, hostId);
       next = 1;
     }
-    while (next < points.size()) {
-      const size_t count = std::min(POINT_BATCH, points.size() - next);
-      PIData::addDataPoints(hostId, std::vector<PIData::PIPlatformPoint>(points.begin() + next,
-                                                                         points.begin() + next + count));
+    std::vector<PIData::PIPlatformPoint> batch;
+    while (next < total) {
+      const size_t count = std::min(POINT_BATCH, total - next);
+      batch.clear();
+      for (size_t i = next; i < next + count; ++i) batch.push_back(pointAt(i));
+      PIData::addDataPoints(hostId, batch);
       next += count;
     }
     transmitCategoryData_(hostId, platform.categoryData(), window);
+    // Nothing later in the transmission reads a platform's states (beams,
+    // gates and LOB groups find their host by id), and the document is
+    // dropped with the next file: freeing them now keeps the document's and
+    // the host's copy of a long file from being held at their peaks together.
+    motion->flush();
   }
 }
 
@@ -202,7 +218,7 @@ void AsiScenarioFile::transmitBeamData_(const TimeWindowUD& window) {
     std::vector<PIData::PIBeamPoint> points;
     if (const auto* motion = dynamic_cast<const LinearBeamMotionUD*>(beam.motion())) {
       const auto range = getAtOrInBetweenBeginAndEndIterators(motion->states(), window);
-      for (auto it = range.first; it != range.second; ++it) points.push_back(beamPoint(it->second));
+      for (auto it = range.first; it != range.second; ++it) points.push_back(beamPoint(*it));
     }
     PIData::PIBeamHeader header;
     header.name = h.desc;
@@ -248,7 +264,7 @@ void AsiScenarioFile::transmitGateData_(const TimeWindowUD& window) {
     std::vector<PIData::PIGatePoint> points;
     if (const LinearGateMotionUD* motion = gate.Motion()) {
       const auto range = getAtOrInBetweenBeginAndEndIterators(motion->states(), window);
-      for (auto it = range.first; it != range.second; ++it) points.push_back(gatePoint(it->second));
+      for (auto it = range.first; it != range.second; ++it) points.push_back(gatePoint(*it));
     }
     PIData::PIGateHeader header;
     header.name = h.desc;

@@ -57,8 +57,8 @@ inline void checkPlatforms(const ScenarioUD& scenario, bool requireStates) {
     const auto& states = entry.second->Motion()->states();
     if (requireStates) check(!states.empty());
     for (const auto& state : states) {
-      check(std::isfinite(state.first));
-      check(std::isfinite(state.second.lat) && std::isfinite(state.second.lon) && std::isfinite(state.second.alt));
+      check(std::isfinite(state.time));
+      check(std::isfinite(state.lat) && std::isfinite(state.lon) && std::isfinite(state.alt));
     }
   }
 }

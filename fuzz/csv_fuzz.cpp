@@ -58,9 +58,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (scenario.platforms().size() > countLines(text, "LEG") + countLines(text, "POS") + countLines(text, "EVT"))
     abort();
   for (const auto& entry : scenario.platforms())
-    for (const auto& state : entry.second->Motion()->states()) {
-      const MotionStateUD& s = state.second;
-      if (state.first < 0.0 || !std::isfinite(s.lat) || !std::isfinite(s.lon)) abort();
+    for (const MotionStateUD& s : entry.second->Motion()->states()) {
+      if (s.time < 0.0 || !std::isfinite(s.lat) || !std::isfinite(s.lon)) abort();
     }
   return 0;
 }

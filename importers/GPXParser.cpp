@@ -162,6 +162,7 @@ uint64_t TrackData::sendToASI(int referenceYear) {
   scenario_->addCategoryData(id, -1.0, "Platform Type", type_);
   scenario_->addCategoryData(id, -1.0, "Data Format", "GPX");
 
+  made->Motion()->reserve(points_.size());
   for (const PosInfo& point : points_) {
     const double time = point.year > 0 ? point.time + yearOffset(referenceYear, point.year) : point.time;
     const double position[3] = {point.latitude, point.longitude, point.altitude};
@@ -171,7 +172,6 @@ uint64_t TrackData::sendToASI(int referenceYear) {
     made->AddState(time, position, orientation, point.hasSpeed ? point.speed : -1.0);
   }
   points_.clear();
-  points_.shrink_to_fit();
   // Points that the document refused all (no place on earth) leave nothing to show.
   if (made->Motion()->Size() == 0) {
     scenario_->deletePlatform(id);
@@ -232,6 +232,7 @@ class GPXTreeParser : public XML::XmlTreeParser {
   int referenceYear_ = 0;        // 0 until a timed track has set it
   std::vector<uint64_t> timed_;  // platforms whose times count from referenceYear_
   std::unique_ptr<TrackData> track_in_;  // the track being read
+  std::vector<PosInfo> pointBuffer_;     // the last sent track's, kept for the next
 };
 
 void GPXTreeParser::rootStarted_(XML::XmlTree& root) {
@@ -274,7 +275,10 @@ bool GPXTreeParser::elementEnded_(XML::XmlTree& element, size_t depth) {
 }
 
 void GPXTreeParser::trackPoint_(const XML::XmlTree& point) {
-  if (!track_in_) track_in_ = std::make_unique<TrackData>(scenario_, false, "GPS TRK", "GPX trk");
+  if (!track_in_) {
+    track_in_ = std::make_unique<TrackData>(scenario_, false, "GPS TRK", "GPX trk");
+    track_in_->adoptPointBuffer(std::move(pointBuffer_));
+  }
   // One pass over the children: a point has a handful.
   const XML::XmlTree *time = nullptr, *elevation = nullptr, *course = nullptr, *speed = nullptr;
   for (const auto& child : point.children()) {
@@ -350,20 +354,12 @@ void GPXTreeParser::send_(std::unique_ptr<TrackData> track) {
   }
   const uint64_t id = track->sendToASI(referenceYear_ ? referenceYear_ : scenario_->referenceYear());
   if (id != 0 && timed) timed_.push_back(id);
+  if (!track->isWaypoint()) pointBuffer_ = track->releasePointBuffer();
 }
 
 void GPXTreeParser::rebase_(int year) {
   const double shift = yearOffset(year, referenceYear_);
-  for (uint64_t id : timed_) {
-    LinearPlatMotionUD* motion = scenario_->findPlatform(id)->Motion();
-    std::vector<MotionStateUD> states;
-    for (const auto& entry : motion->states()) states.push_back(entry.second);
-    for (const MotionStateUD& state : states) motion->DeleteItem(state.time);
-    for (MotionStateUD& state : states) {
-      state.time += shift;
-      motion->AddState(std::move(state));
-    }
-  }
+  for (uint64_t id : timed_) scenario_->findPlatform(id)->Motion()->shiftTimes(shift);
   referenceYear_ = year;
   scenario_->setReferenceYear(year);
 }

@@ -53,6 +53,16 @@ class TrackData {
   // point's year into `referenceYear`. Nothing without points. Answers the
   // platform's id, 0 for none.
   uint64_t sendToASI(int referenceYear);
+  // The point list's memory passes from one track to the next, so that a
+  // long file grows it once rather than once per track.
+  void adoptPointBuffer(std::vector<PosInfo> buffer) {
+    buffer.clear();
+    if (points_.empty()) points_.swap(buffer);
+  }
+  std::vector<PosInfo> releasePointBuffer() {
+    points_.clear();
+    return std::move(points_);
+  }
 
  private:
   ScenarioUD* scenario_;

@@ -60,10 +60,10 @@ TEST(CsvEvents, DeploymentOfASonobuoyMakesAPlatformThatLastsToTheEnd) {
   EXPECT_EQ(buoy->Header()->iconName, "an-ssq-62");
   const auto& states = buoy->Motion()->states();
   ASSERT_EQ(states.size(), 2u);
-  EXPECT_DOUBLE_EQ(states.begin()->first, kJan15 + 12 * 3600);
-  EXPECT_NEAR(states.begin()->second.alt, -30 * 0.30479999, 1e-9);
-  EXPECT_DOUBLE_EQ(states.rbegin()->first, kJan15 + 13 * 3600);
-  EXPECT_EQ(states.rbegin()->second.alt, states.begin()->second.alt);
+  EXPECT_DOUBLE_EQ(states.front().time, kJan15 + 12 * 3600);
+  EXPECT_NEAR(states.front().alt, -30 * 0.30479999, 1e-9);
+  EXPECT_DOUBLE_EQ(states.back().time, kJan15 + 13 * 3600);
+  EXPECT_EQ(states.back().alt, states.front().alt);
 }
 
 TEST(CsvEvents, EachKindWritesItsFieldsAndPositionGroups) {

@@ -13,7 +13,7 @@ namespace {
 constexpr double kDeg = 0.017453292519943295;
 constexpr double kJan15 = 14 * 86400.0;
 
-const MotionStateUD& firstState(const PlatformUD* platform) { return platform->Motion()->states().begin()->second; }
+const MotionStateUD& firstState(const PlatformUD* platform) { return platform->Motion()->states().front(); }
 
 TEST(CsvLegend, ScoreLegendMakesAPlatformWithIconCategoriesAndOriginalId) {
   CsvLoad load = loadCsv(scoreFile(scoreLeg("LTS", 101, "Viper 1", "F18", 1) + scoreLeg("RER", 7, "Bandit", "Sub", 2) +

@@ -28,7 +28,7 @@ std::vector<const PlatformUD*> platformsOf(const ScenarioUD& scenario) {
 
 std::vector<double> timesOf(const PlatformUD& platform) {
   std::vector<double> out;
-  for (const auto& state : platform.Motion()->states()) out.push_back(state.first);
+  for (const auto& state : platform.Motion()->states()) out.push_back(state.time);
   return out;
 }
 
@@ -62,7 +62,7 @@ TEST(GpxTracks, GpsbabelTrackAcrossNewYearInBothVersions) {
     EXPECT_EQ(scenario.referenceYear(), 2023);
     const double newYear = 365 * 86400.0;
     EXPECT_EQ(timesOf(track), (std::vector<double>{newYear - 90, newYear - 30, newYear + 30, newYear + 90}));
-    const MotionStateUD& first = track.Motion()->states().begin()->second;
+    const MotionStateUD& first = track.Motion()->states().front();
     EXPECT_NEAR(first.lat, 47.6001 * kDeg, 1e-12);
     EXPECT_NEAR(first.lon, -122.3301 * kDeg, 1e-12);
     EXPECT_DOUBLE_EQ(first.alt, 12.5);
@@ -94,7 +94,7 @@ TEST(GpxTracks, NamesCourseSpeedAndPointsWithoutTime) {
   const double day = (31 + 29) * 86400.0 + 10 * 3600.0;
   // The fraction is dropped; +02:00 is two hours ahead of UTC.
   EXPECT_EQ(timesOf(run), (std::vector<double>{day, day + 10, day + 20}));
-  const MotionStateUD& first = run.Motion()->states().begin()->second;
+  const MotionStateUD& first = run.Motion()->states().front();
   EXPECT_NEAR(first.yaw, M_PI / 2, 1e-12);
   EXPECT_NEAR(first.velEast, 2.0, 1e-9);
   EXPECT_NEAR(first.velNorth, 0.0, 1e-9);
@@ -126,7 +126,7 @@ TEST(GpxWaypoints, GpsbabelWaypointsWithSymbolIcons) {
   EXPECT_EQ(platforms[2]->Header()->iconName, "wpt");  // "Campground" has no icon of its own
   EXPECT_EQ(staticCategory(scenario, *platforms[0], "Platform Type"), "GPX wpt");
   EXPECT_EQ(timesOf(*platforms[0]), std::vector<double>{0.0});
-  EXPECT_DOUBLE_EQ(platforms[0]->Motion()->states().begin()->second.alt, 184.0);
+  EXPECT_DOUBLE_EQ(platforms[0]->Motion()->states().front().alt, 184.0);
   // Without any timed point the file's own time names the year.
   EXPECT_GT(scenario.referenceYear(), 2000);
 }

@@ -36,7 +36,7 @@ class OtgLoad : public testing::Test {
 
   std::vector<double> stateTimes(const std::string& name) const {
     std::vector<double> times;
-    for (const auto& state : platform(name)->Motion()->states()) times.push_back(state.first);
+    for (const auto& state : platform(name)->Motion()->states()) times.push_back(state.time);
     return times;
   }
 
@@ -97,7 +97,7 @@ TEST_F(OtgLoad, OnePlatformPerTrackWithItsDataAndEllipses) {
   ASSERT_EQ(scenario_.platforms().size(), 3u);
   EXPECT_EQ(platform("UNK-9"), nullptr);
   ASSERT_NE(platform("POLE"), nullptr);
-  EXPECT_NEAR(platform("POLE")->Motion()->states().begin()->second.lat, 90 * kDeg, 1e-9);
+  EXPECT_NEAR(platform("POLE")->Motion()->states().front().lat, 90 * kDeg, 1e-9);
   EXPECT_EQ(platform("ALPHA")->Header()->iconName, "O");
 
   // Two reports of one track in two messages: one platform, two states,
@@ -105,7 +105,7 @@ TEST_F(OtgLoad, OnePlatformPerTrackWithItsDataAndEllipses) {
   EXPECT_EQ(stateTimes("ALPHA"), (std::vector<double>{kJan12At1530, kJan12At1530 + 1800}));
   EXPECT_EQ(generic("ALPHA", "Command"), (std::vector<std::string>{"GOLD", "GOLD"}));
   EXPECT_EQ(generic("ALPHA", "MSN"), (std::vector<std::string>{"0042", "0043"}));
-  const MotionStateUD& first = platform("ALPHA")->Motion()->states().begin()->second;
+  const MotionStateUD& first = platform("ALPHA")->Motion()->states().front();
   EXPECT_NEAR(first.lat, 35.5 * kDeg, 1e-12);
   EXPECT_NEAR(first.lon, -75.5 * kDeg, 1e-12);
   EXPECT_NEAR(first.alt, 350 * 100 * 0.30479999, 1e-6);
@@ -173,7 +173,7 @@ TEST_F(OtgLoad, BadInputIsToldWithItsLineAndTheRestLoads) {
   ASSERT_EQ(scenario_.platforms().size(), 1u);
   EXPECT_EQ(stateTimes("ALPHA"), (std::vector<double>{kJan12At1530, kJan12At1530 + 1800}));
   // The report without a readable course keeps its position, without speed.
-  EXPECT_EQ(platform("ALPHA")->Motion()->states().rbegin()->second.Speed(), 0.0);
+  EXPECT_EQ(platform("ALPHA")->Motion()->states().back().Speed(), 0.0);
   const std::string text = log();
   for (const char* expected :
        {"Line 1 lies outside any message", "Line 5: POS report of track \"ALPHA\" skipped: latitude or longitude "

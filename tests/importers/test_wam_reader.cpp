@@ -116,7 +116,7 @@ TEST(WamFilters, EachCauseIsCountedAndFilteredTracksVanish) {
   ASSERT_NE(hawk, nullptr);
   EXPECT_EQ(hawk->Header()->iconName, "hawk.png");
   EXPECT_EQ(hawk->Motion()->states().size(), 2u);
-  const MotionStateUD& first = hawk->Motion()->states().begin()->second;
+  const MotionStateUD& first = hawk->Motion()->states().front();
   EXPECT_NEAR(first.yaw, M_PI / 2, 1e-12);
   EXPECT_NEAR(first.velEast, 300 * 0.51444444, 1e-6);
   ASSERT_NE(wam.platform("U2_5"), nullptr);  // a track of points only is named by unit and track
