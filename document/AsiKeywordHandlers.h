@@ -48,6 +48,10 @@ class AsiKeywordHandlers {
 
   // A new id for an object of `noun`: 43 for 0, 42 when taken, after the message.
   int checkNewId_(const std::string& text, const std::string& noun, unsigned long line, uint64_t& id);
+  // The host of a new object: 43 for 0, after "<noun> host ID must be > 0."
+  int checkHostId_(const std::string& text, const std::string& noun, unsigned long line, uint64_t& id) const;
+  // 44, after the message that no such host (a "platform", a "beam") was given.
+  int unknownHost_(const std::string& noun, unsigned long line) const;
   bool number_(const std::string& text, double& out) const;
   bool id_(const std::string& text, uint64_t& out) const;
   // A time of the file: 53 when malformed.
@@ -65,4 +69,6 @@ class AsiKeywordHandlers {
   bool coordSet_ = false;
   double ref_[3] = {0.0, 0.0, 0.0};
   std::map<uint64_t, DataTable*> tables_;
+  // Platforms whose orientation comes as a quaternion: the column order (0 to 3).
+  std::map<uint64_t, unsigned int> quaternions_;
 };

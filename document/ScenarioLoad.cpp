@@ -89,6 +89,8 @@ void AsiParserThread::run() {
         record->result = handlers_.parse(record->tokens, record->line);
       } catch (const orvCore::TimeException&) {
         record->result = UD_BAD_TIME_STRING;
+        writeErrorStreamUD("Error (non-fatal) in file, see line # " + std::to_string(record->line) + "  (" +
+                           std::to_string(record->result) + "): " + udErrorString(record->result) + "\n");
       } catch (...) {
         writeErrorStreamUD("Error (unknown) in file, see line # " + std::to_string(record->line) + "\n");
         record->result = 1;
@@ -117,6 +119,8 @@ int ScenarioUD::load(const std::string& fileName, const FileFinder& fileFinder, 
 }
 
 int ScenarioUD::load(std::istream& stream, const FileFinder&, bool, PercentCallback* callback, std::streamoff size) {
+  // Times without a year refer to this one until "ReferenceYear" says otherwise.
+  setReferenceYear(udCurrentYear());
   AsiLoaderThread shared;
   AsiKeywordHandlers handlers(*this);
   AsiParserThread parser(shared, handlers);
