@@ -146,8 +146,8 @@ int AsiKeywordHandlers::parse(const Tokens& t, unsigned long line) {
   if (startsWith(lower, "datatable")) return asiDataTable_(lower, t, line);
   if (startsWith(lower, "laser")) return asiLaser_(lower, t, line);
   if (startsWith(lower, "lob")) return asiLOB_(lower, t, line);
-  if (lower == "genericdata") return asiGenericData_(t, line);
-  if (startsWith(lower, "generic") || startsWith(lower, "event")) return UD_DEPRECATED_USE;
+  if (lower == "genericdata" && scenario_.version() > 6) return asiGenericData_(t, line);
+  if (startsWith(lower, "generic") || startsWith(lower, "event")) return asiGenericDataLegacy_(lower, t, line);
   if (startsWith(lower, "projector")) return asiProjector_(lower, t, line);
   if (lower == "categorydata") return asiCategoryData_(t, line);
   if (lower == "originalid") return asiOriginalID_(t, line);
@@ -942,6 +942,42 @@ int AsiKeywordHandlers::asiGenericData_(const Tokens& t, unsigned long) {
   if (const int code = time_(t[4], time)) return code;
   if (t.size() == 6 && !number_(t[5], expire)) return UD_BAD_GENERIC_VALUES;
   return scenario_.addGenericData(id, t[2], t[3], time, expire);
+}
+
+int AsiKeywordHandlers::asiGenericDataLegacy_(const std::string& k, const Tokens& t, unsigned long) {
+  // Events and the generic data of files up to version 6 name their object
+  // by a number of their own that a "...RefID" line ties to an entity.
+  if (k == "eventobjid" || k == "genericobjid") return UD_NO_ERROR;
+  const bool event = startsWith(k, "event");
+  std::map<uint64_t, uint64_t>& refs = event ? eventRefs_ : genericRefs_;
+  if (k == "eventobjrefid" || k == "genericobjrefid") {
+    uint64_t id = 0, hostId = 0;
+    if (t.size() != 3) return UD_BAD_TOKEN_COUNT;
+    if (!id_(t[1], id) || !id_(t[2], hostId)) return UD_BAD_NUMBER;
+    if (!refs.emplace(id, hostId).second) return UD_DUP_ID_ON_LOAD;
+    return UD_NO_ERROR;
+  }
+  if (k != "eventdata" && k != "genericdata") return UD_UNKNOWN_KEYWORD;
+  // EventData id value time [end]; GenericData id tag value time [expire].
+  const size_t first = event ? 4 : 5;
+  if (t.size() != first && t.size() != first + 1) return UD_BAD_TOKEN_COUNT;
+  uint64_t id = 0;
+  auto ref = id_(t[1], id) ? refs.find(id) : refs.end();
+  if (ref == refs.end()) return UD_UNKNOWN_OBJECT_ID;
+  double time = 0, extra = -1;
+  if (const int code = time_(t[first - 1], time)) return code;
+  if (t.size() == first + 1) {
+    if (event) {
+      if (const int code = time_(t[first], extra)) return code;
+      extra -= time;
+    } else if (!number_(t[first], extra)) {
+      return UD_BAD_GENERIC_VALUES;
+    }
+  }
+  // An expiry outside (0, 99999998) seconds is none.
+  const double expire = extra > 0 && extra < 99999998 ? extra : -1;
+  return event ? scenario_.addGenericData(ref->second, "EVENT", t[2], time, expire)
+               : scenario_.addGenericData(ref->second, t[2], t[3], time, expire);
 }
 
 int AsiKeywordHandlers::asiOriginalID_(const Tokens& t, unsigned long) {

@@ -44,6 +44,7 @@ class AsiKeywordHandlers {
   int asiProjector_(const std::string& keyword, const Tokens& t, unsigned long line);
   int asiCategoryData_(const Tokens& t, unsigned long line);
   int asiGenericData_(const Tokens& t, unsigned long line);
+  int asiGenericDataLegacy_(const std::string& keyword, const Tokens& t, unsigned long line);
   int asiOriginalID_(const Tokens& t, unsigned long line);
 
   // A new id for an object of `noun`: 43 for 0, 42 when taken, after the message.
@@ -71,4 +72,6 @@ class AsiKeywordHandlers {
   std::map<uint64_t, DataTable*> tables_;
   // Platforms whose orientation comes as a quaternion: the column order (0 to 3).
   std::map<uint64_t, unsigned int> quaternions_;
+  // Event and old generic-data numbers -> the entity they belong to.
+  std::map<uint64_t, uint64_t> eventRefs_, genericRefs_;
 };

@@ -39,6 +39,25 @@ TEST_F(Loader, UnknownHostIsNotFatalAndQuotedHashStays) {
   EXPECT_EQ(scenario.findPlatform(1)->Desc(), "A#B");
 }
 
+TEST_F(Loader, OldGenericDataAndEventsReachTheirEntityThroughTheirRefIds) {
+  ScenarioUD scenario;
+  ASSERT_EQ(load(scenario, "Version 6\nRefLLA 30 -120 0\nCoordSystem LLA\nPlatformID 1\n"
+                           "GenericObjRefID 4 1\nGenericData 4 speed 12 10 0\nGenericData 5 speed 13 10\n"
+                           "EventObjRefID 8 1\nEventData 8 \"Pilot aboard\" 20 50\n"),
+            0);
+  EXPECT_NE(errors.str().find("see line #7"), std::string::npos) << errors.str();  // 5 is not mapped
+  const GenericDataUD* data = scenario.getGenericData(1);
+  ASSERT_NE(data, nullptr);
+  ASSERT_EQ(data->items().size(), 2u);
+  const GenericDataObject::Item& speed = data->items().at(10).front();
+  EXPECT_EQ(data->getTag(speed.second.first), "speed");
+  EXPECT_EQ(speed.first, -1.0);  // an expiry of 0 is none up to version 6
+  const GenericDataObject::Item& event = data->items().at(20).front();
+  EXPECT_EQ(data->getTag(event.second.first), "EVENT");
+  EXPECT_EQ(event.second.second, "Pilot aboard");
+  EXPECT_EQ(event.first, 30.0);
+}
+
 TEST_F(Loader, WrittenScenarioReadsBack) {
   ScenarioUD original;
   original.setLatLonAlt(0.5, -2.0, 0);
