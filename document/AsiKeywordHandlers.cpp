@@ -540,8 +540,14 @@ int AsiKeywordHandlers::asiBeamOther_(const std::string& k, const Tokens& t, uns
   BeamHeaderUD& h = *beam->Header();
   double v = 0;
   auto degreesArg = [&](double& out) { return t.size() == 3 && number_(t[2], v) ? (out = v * kDeg, true) : false; };
-  if (k == "vertbw") return degreesArg(h.vbw) ? UD_NO_ERROR : UD_BAD_BEAM_WIDTH;
-  if (k == "horzbw") return degreesArg(h.hbw) ? UD_NO_ERROR : UD_BAD_BEAM_WIDTH;
+  if (k == "vertbw" || k == "horzbw") {
+    double& width = k == "vertbw" ? h.vbw : h.hbw;
+    if (!degreesArg(width)) return UD_BAD_BEAM_WIDTH;
+    if (std::fabs(v) >= 1e-6) return UD_NO_ERROR;
+    // A width of nothing: one degree high, all around wide.
+    width = (k == "vertbw" ? 1.0 : 360.0) * kDeg;
+    return UD_BAD_BEAM_WIDTH;
+  }
   if (k == "azimoffset") return degreesArg(h.azimOffset) ? UD_NO_ERROR : UD_BAD_BEAM_OFFSET;
   if (k == "elevoffset") return degreesArg(h.elevOffset) ? UD_NO_ERROR : UD_BAD_BEAM_OFFSET;
   if (k == "rolloffset") return degreesArg(h.rollOffset) ? UD_NO_ERROR : UD_BAD_BEAM_OFFSET;

@@ -58,6 +58,19 @@ TEST_F(Loader, OldGenericDataAndEventsReachTheirEntityThroughTheirRefIds) {
   EXPECT_EQ(event.first, 30.0);
 }
 
+TEST_F(Loader, CoordinateSystemNumbersAndEmptyBeamWidths) {
+  ScenarioUD scenario;
+  ASSERT_EQ(load(scenario, "Version 24\nRefLLA 30 -120 0\nCoordSystem 4\nPlatformID 1\n"
+                           "PlatformCoordSystem 1 3\nBeamID 1 2\nVertBW 2 0\nHorzBW 2 0\n"),
+            0);
+  EXPECT_EQ(scenario.coordSystem(), orvCore::ECEF);
+  EXPECT_EQ(scenario.findPlatform(1)->Header()->coordSystem, orvCore::LLA);
+  // Reported, and stored as one degree high and all around wide.
+  EXPECT_NE(errors.str().find("see line #7"), std::string::npos);
+  EXPECT_NEAR(scenario.findBeam(2)->Header()->vbw, M_PI / 180.0, 1e-12);
+  EXPECT_NEAR(scenario.findBeam(2)->Header()->hbw, 2 * M_PI, 1e-12);
+}
+
 TEST_F(Loader, WrittenScenarioReadsBack) {
   ScenarioUD original;
   original.setLatLonAlt(0.5, -2.0, 0);
