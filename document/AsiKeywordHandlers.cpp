@@ -35,6 +35,14 @@ bool AsiKeywordHandlers::number_(const std::string& text, double& out) const {
   return orvCore::isValidNumber(text, out, true);
 }
 
+bool AsiKeywordHandlers::flag_(const std::string& text, bool& on) const {
+  // Any unsigned number; nonzero is on.
+  unsigned long value = 0;
+  if (!orvCore::isValidNumber(text, value, true)) return false;
+  on = value != 0;
+  return true;
+}
+
 bool AsiKeywordHandlers::id_(const std::string& text, uint64_t& out) const {
   unsigned long value = 0;
   if (!orvCore::isValidNumber(text, value, true)) return false;
@@ -441,7 +449,9 @@ int AsiKeywordHandlers::asiPlatformOther_(const std::string& k, const Tokens& t,
   }
   if (k == "platforminterpolate" || k == "platforminterpolateori") {
     if (!need(3)) return UD_BAD_TOKEN_COUNT;
-    platform->setInterpolate(t[2] != "0");
+    bool on = false;
+    if (!flag_(t[2], on)) return UD_BAD_NUMBER;
+    platform->setInterpolate(on);
     return UD_NO_ERROR;
   }
   if (k == "platformoffset" || k == "platformorioffset") {
@@ -563,7 +573,9 @@ int AsiKeywordHandlers::asiBeamOther_(const std::string& k, const Tokens& t, uns
   }
   if (k == "beaminterpolate" || k == "beaminterpolatepos") {
     if (t.size() != 3) return UD_BAD_TOKEN_COUNT;
-    beam->setInterpolate(t[2] != "0");
+    bool on = false;
+    if (!flag_(t[2], on)) return UD_BAD_NUMBER;
+    beam->setInterpolate(on);
     return UD_NO_ERROR;
   }
   if (k == "beamtype") {
@@ -613,7 +625,9 @@ int AsiKeywordHandlers::asiBeamOther_(const std::string& k, const Tokens& t, uns
   double time = 0;
   if (const int code = time_(t[2], time)) return code;
   if (k == "beamonoffcmd") {
-    beam->AddOnOffCmd(time, t[3] != "0");
+    bool on = false;
+    if (!flag_(t[3], on)) return UD_BAD_NUMBER;
+    beam->AddOnOffCmd(time, on);
     return UD_NO_ERROR;
   }
   if (k == "beamcolorcmd") {
@@ -672,7 +686,9 @@ int AsiKeywordHandlers::asiGateOther_(const std::string& k, const Tokens& t, uns
     return UD_NO_ERROR;
   }
   if (k == "gateinterpolate" || k == "gateinterpolatepos") {
-    gate->setInterpolate(t[2] != "0");
+    bool on = false;
+    if (!flag_(t[2], on)) return UD_BAD_NUMBER;
+    gate->setInterpolate(on);
     return UD_NO_ERROR;
   }
   if (k == "gateazimoffset" || k == "gateelevoffset" || k == "gaterolloffset") {
@@ -684,7 +700,9 @@ int AsiKeywordHandlers::asiGateOther_(const std::string& k, const Tokens& t, uns
   double time = 0;
   if (const int code = time_(t[2], time)) return code;
   if (k == "gateonoffcmd") {
-    gate->AddOnOffCmd(time, t[3] != "0");
+    bool on = false;
+    if (!flag_(t[3], on)) return UD_BAD_NUMBER;
+    gate->AddOnOffCmd(time, on);
     return UD_NO_ERROR;
   }
   if (k == "gatecolorcmd") {
@@ -828,13 +846,16 @@ int AsiKeywordHandlers::asiLaser_(const std::string& k, const Tokens& t, unsigne
     return UD_NO_ERROR;
   }
   if (k == "laserazelbody") {
-    laser.setAzElBodyFlag(t[2] != "0");
+    bool on = false;
+    if (!flag_(t[2], on)) return UD_LASER_ERROR;
+    laser.setAzElBodyFlag(on);
     return UD_NO_ERROR;
   }
   if (t.size() < 4) return UD_BAD_TOKEN_COUNT;
   double time = 0, a = 0, b = 0, c = 0;
   if (const int code = time_(t[2], time)) return code;
-  if (k == "laseron") laser.addOnOffDataPoint(time, t[3] != "0");
+  bool on = false;
+  if (k == "laseron" && flag_(t[3], on)) laser.addOnOffDataPoint(time, on);
   else if (k == "lasercolor") laser.addColorDataPoint(time, color_(t[3]));
   else if (k == "laserwidth" && number_(t[3], a)) laser.addWidthDataPoint(time, static_cast<int32_t>(a));
   else if (k == "lasermaxrange" && number_(t[3], a)) laser.addMaxRangeDataPoint(time, a);
@@ -919,12 +940,17 @@ int AsiKeywordHandlers::asiProjector_(const std::string& k, const Tokens& t, uns
   Projector* projector = id_(t[1], id) ? scenario_.GetProjectorManager().findProjector(id) : nullptr;
   if (projector == nullptr) return UD_PROJECTOR_ERROR;
   if (k == "projectorrasterfile") projector->setRasterFileName(t[2]);
-  else if (k == "projectorinterpolatefov") projector->setInterpolateFov(t[2] != "0");
+  else if (k == "projectorinterpolatefov") {
+    bool on = false;
+    if (!flag_(t[2], on)) return UD_PROJECTOR_ERROR;
+    projector->setInterpolateFov(on);
+  }
   else {
     double time = 0, value = 0;
     if (t.size() != 4) return UD_BAD_TOKEN_COUNT;
     if (const int code = time_(t[2], time)) return code;
-    if (k == "projectoron") projector->addOnOffDataPoint(time, t[3] != "0");
+    bool on = false;
+    if (k == "projectoron" && flag_(t[3], on)) projector->addOnOffDataPoint(time, on);
     else if (k == "projectorfov" && angle_(t[3], value)) projector->addFovDataPoint(time, value);
     else return UD_PROJECTOR_ERROR;
   }

@@ -55,6 +55,7 @@ class AsiKeywordHandlers {
   int unknownHost_(const std::string& noun, unsigned long line) const;
   bool number_(const std::string& text, double& out) const;
   bool id_(const std::string& text, uint64_t& out) const;
+  bool flag_(const std::string& text, bool& on) const;
   // A time of the file: 53 when malformed.
   int time_(const std::string& text, double& out) const;
   // An angle argument: degrees with DegreeAngles, else radians.
