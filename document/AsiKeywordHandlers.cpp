@@ -634,13 +634,13 @@ int AsiKeywordHandlers::asiBeamOther_(const std::string& k, const Tokens& t, uns
     beam->AddColorCmd(time, color_(t[3]));
     return UD_NO_ERROR;
   }
-  if (k == "beamtargetidcmd") {
+  // "BeamTargetCmd" reads as "BeamTargetIDCmd": its target is a number too.
+  if (k == "beamtargetidcmd" || k == "beamtargetcmd") {
     uint64_t target = 0;
     if (!id_(t[3], target)) return UD_BAD_NUMBER;
     beam->AddTargetCmd(time, target);
     return UD_NO_ERROR;
   }
-  if (k == "beamtargetcmd") return UD_DEPRECATED_TARGET;
   if (k == "beamdatarae") {
     double az = 0, el = 0, range = 0;
     if (t.size() != 6) return UD_BAD_BEAM_DATA_COUNT;

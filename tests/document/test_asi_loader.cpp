@@ -58,16 +58,17 @@ TEST_F(Loader, OldGenericDataAndEventsReachTheirEntityThroughTheirRefIds) {
   EXPECT_EQ(event.first, 30.0);
 }
 
-TEST_F(Loader, CoordinateSystemNumbersFlagsAndEmptyBeamWidths) {
+TEST_F(Loader, CoordinateSystemNumbersFlagsTargetsAndEmptyBeamWidths) {
   ScenarioUD scenario;
   ASSERT_EQ(load(scenario, "Version 24\nRefLLA 30 -120 0\nCoordSystem 4\nPlatformID 1\n"
                            "PlatformCoordSystem 1 3\nBeamID 1 2\nVertBW 2 0\nHorzBW 2 0\n"
-                           "BeamOnOffCmd 2 10 on\nBeamOnOffCmd 2 20 5\n"),
+                           "BeamOnOffCmd 2 10 on\nBeamOnOffCmd 2 20 5\nBeamTargetCmd 2 30 1\n"),
             0);
   // A flag is a number, any but 0 meaning on.
   EXPECT_NE(errors.str().find("see line #9"), std::string::npos);
   ASSERT_EQ(scenario.findBeam(2)->onOffCommands().size(), 1u);
   EXPECT_TRUE(scenario.findBeam(2)->onOffCommands().at(20));
+  EXPECT_EQ(scenario.findBeam(2)->targetCommands().size(), 1u);
   EXPECT_EQ(scenario.coordSystem(), orvCore::ECEF);
   EXPECT_EQ(scenario.findPlatform(1)->Header()->coordSystem, orvCore::LLA);
   // Reported, and stored as one degree high and all around wide.
