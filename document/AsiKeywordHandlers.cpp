@@ -857,7 +857,9 @@ int AsiKeywordHandlers::asiLaser_(const std::string& k, const Tokens& t, unsigne
   bool on = false;
   if (k == "laseron" && flag_(t[3], on)) laser.addOnOffDataPoint(time, on);
   else if (k == "lasercolor") laser.addColorDataPoint(time, color_(t[3]));
-  else if (k == "laserwidth" && number_(t[3], a)) laser.addWidthDataPoint(time, static_cast<int32_t>(a));
+  // A width in pixels: anything that no 32-bit integer holds is refused.
+  else if (k == "laserwidth" && number_(t[3], a) && std::fabs(a) < 2147483647.0)
+    laser.addWidthDataPoint(time, static_cast<int32_t>(a));
   else if (k == "lasermaxrange" && number_(t[3], a)) laser.addMaxRangeDataPoint(time, a);
   else if (k == "laserori" && t.size() == 6 && angle_(t[3], a) && angle_(t[4], b) && angle_(t[5], c))
     laser.addOriDataPoint(time, a, b, c);
