@@ -649,7 +649,27 @@ int AsiKeywordHandlers::asiBeamOther_(const std::string& k, const Tokens& t, uns
     if (!number_(t[5], range)) return UD_BAD_BEAM_RANGE;
     return beam->AddState(time, range, orvCore::angFix(az, orvCore::AE_ZERO_TWOPI), el);
   }
-  if (k == "beamdata" || k == "beamdatabody" || k == "beamdatatarget") return UD_DEPRECATED;
+  if (k == "beamdata") {
+    // BeamData id time colour [length body | az el length [body]], or
+    // "target" after the colour: the line also sets the beam's type.
+    const size_t n = t.size();
+    if (n < 5 || n > 8) return UD_BAD_BEAM_DATA_COUNT;
+    const auto word = [&t, n](size_t i, const char* text) { return i < n && orvCore::caseCompare(t[i], text) == 0; };
+    const bool body = (n >= 6 && word(5, "body")) || (n == 8 && word(7, "body"));
+    beam->SetBeamType(word(4, "target") ? BEAM_TARGET : body ? BEAM_BODY : BEAM_ABSOLUTE);
+    beam->AddColorCmd(time, color_(t[3]));
+    double az = 0, el = 0, range = 0;
+    if (n == 6 && body) {
+      if (!number_(t[4], range)) return UD_BAD_BEAM_RANGE;
+      return beam->AddState(time, range, 0.0, 0.0);
+    }
+    if (n < 7) return UD_NO_ERROR;
+    if (!angle_(t[4], az)) return UD_BAD_BEAM_AZIMUTH;
+    if (!angle_(t[5], el)) return UD_BAD_BEAM_ELEVATION;
+    if (!number_(t[6], range)) return UD_BAD_BEAM_RANGE;
+    return beam->AddState(time, range, orvCore::angFix(az, orvCore::AE_ZERO_TWOPI), el);
+  }
+  if (k == "beamdatabody" || k == "beamdatatarget") return UD_DEPRECATED;
   return UD_UNKNOWN_KEYWORD;
 }
 

@@ -58,17 +58,26 @@ TEST_F(Loader, OldGenericDataAndEventsReachTheirEntityThroughTheirRefIds) {
   EXPECT_EQ(event.first, 30.0);
 }
 
-TEST_F(Loader, CoordinateSystemNumbersFlagsTargetsAndEmptyBeamWidths) {
+TEST_F(Loader, CoordinateSystemNumbersFlagsAndBeamCommands) {
   ScenarioUD scenario;
   ASSERT_EQ(load(scenario, "Version 24\nRefLLA 30 -120 0\nCoordSystem 4\nPlatformID 1\n"
                            "PlatformCoordSystem 1 3\nBeamID 1 2\nVertBW 2 0\nHorzBW 2 0\n"
-                           "BeamOnOffCmd 2 10 on\nBeamOnOffCmd 2 20 5\nBeamTargetCmd 2 30 1\n"),
+                           "BeamOnOffCmd 2 10 on\nBeamOnOffCmd 2 20 5\nBeamTargetCmd 2 30 1\n"
+                           "BeamID 1 3\nBeamData 3 40 red 1 0.5 300 body\nBeamData 3 50 green 400 body\n"),
             0);
   // A flag is a number, any but 0 meaning on.
   EXPECT_NE(errors.str().find("see line #9"), std::string::npos);
   ASSERT_EQ(scenario.findBeam(2)->onOffCommands().size(), 1u);
   EXPECT_TRUE(scenario.findBeam(2)->onOffCommands().at(20));
   EXPECT_EQ(scenario.findBeam(2)->targetCommands().size(), 1u);
+  // BeamData: colour, type and, where the line has them, the beam's angles and length.
+  const BeamUD& body = *scenario.findBeam(3);
+  EXPECT_EQ(body.Header()->beamType, BEAM_BODY);
+  EXPECT_EQ(body.colorCommands().size(), 2u);
+  const auto& states = dynamic_cast<const LinearBeamMotionUD&>(*body.motion()).states();
+  ASSERT_EQ(states.size(), 2u);
+  EXPECT_EQ(states.at(40).range, 300.0);
+  EXPECT_EQ(states.at(50).range, 400.0);
   EXPECT_EQ(scenario.coordSystem(), orvCore::ECEF);
   EXPECT_EQ(scenario.findPlatform(1)->Header()->coordSystem, orvCore::LLA);
   // Reported, and stored as one degree high and all around wide.
