@@ -173,8 +173,9 @@ bool AsiScenarioFile::transmitScenario(const std::string& path, const orvCore::T
   using Stage = void (AsiScenarioFile::*)(const TimeWindowUD&);
   static const Stage stages[] = {&AsiScenarioFile::transmitPlatformData_, &AsiScenarioFile::transmitBeamData_,
                                  &AsiScenarioFile::transmitGateData_,     &AsiScenarioFile::transmitLaserData_,
-                                 &AsiScenarioFile::transmitLobGroupData_, &AsiScenarioFile::transmitGenericData_,
-                                 &AsiScenarioFile::transmitDataTables_,   &AsiScenarioFile::transmitProjectors_};
+                                 &AsiScenarioFile::transmitLobGroupData_, &AsiScenarioFile::transmitCustomRenderings_,
+                                 &AsiScenarioFile::transmitGenericData_,  &AsiScenarioFile::transmitDataTables_,
+                                 &AsiScenarioFile::transmitProjectors_};
   for (Stage stage : stages) {
     if (canceled_()) return true;
     (this->*stage)(window);

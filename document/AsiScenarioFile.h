@@ -71,6 +71,8 @@ class AsiScenarioFile {
   void transmitGateData_(const TimeWindowUD& window);
   void transmitLaserData_(const TimeWindowUD& window);
   void transmitLobGroupData_(const TimeWindowUD& window);
+  // Custom rendering objects go out before the data tables that hang on them.
+  void transmitCustomRenderings_(const TimeWindowUD& window);
   void transmitGenericData_(const TimeWindowUD& window);
   void transmitDataTables_(const TimeWindowUD& window);
   void transmitProjectors_(const TimeWindowUD& window);

@@ -325,6 +325,35 @@ void AsiScenarioFile::transmitLobGroupData_(const TimeWindowUD& window) {
   }
 }
 
+// Importers hang data on custom rendering objects (the OTG loader's
+// uncertainty ellipses): the objects must reach the host before their tables.
+// They are not counted among the transmissions of the progress dialog.
+void AsiScenarioFile::transmitCustomRenderings_(const TimeWindowUD& window) {
+  for (const auto& entry : scenario_->customRenderings()) {
+    if (canceled_()) return;
+    const CustomRenderingUD& object = *entry.second;
+    const CustomRenderingHeaderUD& h = *object.Header();
+    const uint64_t platformId = object.host() ? getPluginId_(object.host()->UniqueID()) : 0;
+    if (object.host() != nullptr && platformId == 0) {
+      tellError("Unable to find custom rendering host for <" + h.desc + ">.\n");
+      continue;
+    }
+    PIData::PICustomRenderingHeader header;
+    header.name = h.desc;
+    header.rendererName = h.renderer;
+    header.originalId = h.originalID;
+    const uint64_t hostId = PIData::createCustomRendering(platformId, header);
+    if (hostId == 0) {
+      tellError("Unable to create custom rendering <" + h.desc + ">.\n");
+      continue;
+    }
+    remember_(h.uniqueID, h.originalID, hostId);
+    transmitActiveMap_(hostId, object, window);
+    transmitColorMap_(hostId, object, window);
+    transmitCategoryData_(hostId, object.categoryData(), window);
+  }
+}
+
 void AsiScenarioFile::transmitActiveMap_(uint64_t hostId, const ObjectLAUD& object, const TimeWindowUD& window) {
   const auto range = getAtOrInBetweenBeginAndEndIterators(object.onOffCommands(), window);
   for (auto it = range.first; it != range.second; ++it)

@@ -1,6 +1,7 @@
 #include "importers/ImporterTable.h"
 
 #include "importers/GPXParser.h"
+#include "importers/OTGFile.h"
 #include "importers/PETFile.h"
 #include "importers/WAMFile.h"
 #include "importers/csv/CSVFile.h"
@@ -26,6 +27,16 @@ ImporterTable sideFormatImporters() {
 
   table.push_back(gpxImporter());
   table.push_back(wamImporter());
+
+  ImporterEntry otg;
+  otg.extensions = {".otg"};
+  otg.notice = "Reading OTG file: ";
+  otg.fatalText = "Fatal error when loading OTG file\n";
+  otg.load = [](const std::string& path, ScenarioUD& scenario, ScenarioUD::PercentCallback* progress) {
+    return LoadOTGFile(path, &scenario, progress);
+  };
+  table.push_back(otg);
+
   return table;
 }
 

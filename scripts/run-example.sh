@@ -43,6 +43,7 @@ load pmrf_rimpac "$BUILD_DIR/example-dump-pmrf_rimpac.json" "$EXAMPLES/pmrf_rimp
 load gpx "$BUILD_DIR/example-dump-gpx.json" "$EXAMPLES/arthurs_seat.gpx"
 load pet "$BUILD_DIR/example-dump-pet.json" "$EXAMPLES/range_trial.pet"
 ORVIDE_USER_DIR="$EXAMPLES" load wam "$BUILD_DIR/example-dump-wam.json" "$EXAMPLES/coastal_watch.wam"
+load vestfjorden "$BUILD_DIR/example-dump-vestfjorden.json" "$EXAMPLES/northern_screen.otg"
 
 echo "==== results"
 printf '%s\n' "${results[@]}"

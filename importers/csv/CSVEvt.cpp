@@ -1,9 +1,11 @@
 #include "importers/csv/CSVEvt.h"
 
+#include <cmath>
 #include <iostream>
 
 #include "core/TimeException.h"
 #include "document/ConvenienceFuncsUD.h"
+#include "document/ErrorCodesUD.h"
 #include "document/PlatformUD.h"
 #include "importers/csv/CSVFields.h"
 #include "importers/csv/CSVFile.h"
@@ -58,7 +60,7 @@ void CSVEvt::_AddECP(const std::vector<std::string>& tokens, CommonEventPart* pa
     part->serial = tokens[17];
     part->type = tokens[18];
     part->mode = tokens[19];
-    part->flag = static_cast<int>(toDouble(tokens[20]));
+    part->flag = truncateToInt(toDouble(tokens[20]));
   } else {
     part->plat.id = UniqueID("PMRF", toInt(tokens[7]), 0);
     part->type = tokens[12];
@@ -72,8 +74,29 @@ Event* CSVEvt::keep_(std::vector<std::unique_ptr<Event>>& list, const std::vecto
                      int dataFormat) {
   auto event = std::make_unique<Event>();
   _AddECP(tokens, event.get(), dataFormat);  // may throw: nothing is kept then
+  // The text would land at no time (NaN), or before the year where generic
+  // data can't go; a sonobuoy would have no state.
+  if (!(std::isfinite(event->time) && event->time >= 0.0)) {
+    report_(udErrorString(UD_BAD_TIME_VALUE));
+    return nullptr;
+  }
   list.push_back(std::move(event));
   return list.back().get();
+}
+
+template <typename Event>
+int CSVEvt::keepTokens_(std::vector<std::unique_ptr<Event>>& list, const std::vector<std::string>& tokens,
+                        int dataFormat, const char* name) {
+  // Minex, geometry and fixed points: the call sign is field 21.
+  if (tokens.size() < 21) {
+    std::cout << name << " size = " << tokens.size() << "\n";
+    return 1;
+  }
+  Event* event = keep_(list, tokens, dataFormat);
+  if (event == nullptr) return 1;
+  event->tokens = tokens;
+  event->plat.callsign = field(tokens, 21);
+  return 0;
 }
 
 void CSVEvt::AddEVT(const std::vector<std::string>& tokens, int dataFormat) {
@@ -100,6 +123,7 @@ int CSVEvt::_AddDEP(const std::vector<std::string>& tokens, int dataFormat) {
   const bool score = dataFormat == CSVFile::FORMAT_SCORE;
   if (tokens.size() < (score ? 31u : 15u)) return 1;
   DeploymentEvent* event = keep_(deployments_, tokens, dataFormat);
+  if (event == nullptr) return 1;
   if (score) {
     event->annotation = tokens[30];
     if (tokens.size() >= 41) event->second = tokens[40];
@@ -114,6 +138,7 @@ int CSVEvt::_AddDEP(const std::vector<std::string>& tokens, int dataFormat) {
 int CSVEvt::_AddDOP(const std::vector<std::string>& tokens, int dataFormat) {
   if (tokens.size() < 43) return 1;
   DopplerEvent* event = keep_(dopplers_, tokens, dataFormat);
+  if (event == nullptr) return 1;
   readOtherParties(tokens, *event);
   event->doppler = tokens[41];
   event->actualDoppler = tokens[42];
@@ -124,6 +149,7 @@ int CSVEvt::_AddDOP(const std::vector<std::string>& tokens, int dataFormat) {
 int CSVEvt::_AddCPA(const std::vector<std::string>& tokens, int dataFormat) {
   if (tokens.size() < 44) return 1;
   CPAEvent* event = keep_(cpas_, tokens, dataFormat);
+  if (event == nullptr) return 1;
   readOtherParties(tokens, *event);
   event->cpa = tokens[41];
   event->activeCpa = tokens[42];
@@ -134,6 +160,7 @@ int CSVEvt::_AddCPA(const std::vector<std::string>& tokens, int dataFormat) {
 int CSVEvt::_AddCON(const std::vector<std::string>& tokens, int dataFormat) {
   if (tokens.size() < 48) return 1;
   ContactEvent* event = keep_(contacts_, tokens, dataFormat);
+  if (event == nullptr) return 1;
   readOtherParties(tokens, *event);
   event->bearing = tokens[41];
   event->range = tokens[42];
@@ -150,40 +177,22 @@ int CSVEvt::_AddNOT(const std::vector<std::string>& tokens, int dataFormat) {
     std::cout << "AddNOT size = " << tokens.size() << "\n";
     return 1;
   }
-  keep_(notes_, tokens, dataFormat)->note = tokens[21];
+  NoteEvent* event = keep_(notes_, tokens, dataFormat);
+  if (event == nullptr) return 1;
+  event->note = tokens[21];
   return 0;
 }
-
-namespace {
-
-// Minex, geometry and fixed points: the call sign is field 21.
-template <typename Event>
-int addTokenEvent(CSVEvt& reader, std::vector<std::unique_ptr<Event>>& list, const std::vector<std::string>& tokens,
-                  int dataFormat, const char* name) {
-  if (tokens.size() < 21) {
-    std::cout << name << " size = " << tokens.size() << "\n";
-    return 1;
-  }
-  auto event = std::make_unique<Event>();
-  reader._AddECP(tokens, event.get(), dataFormat);
-  event->tokens = tokens;
-  event->plat.callsign = field(tokens, 21);
-  list.push_back(std::move(event));
-  return 0;
-}
-
-}  // namespace
 
 int CSVEvt::_AddMIN(const std::vector<std::string>& tokens, int dataFormat) {
-  return addTokenEvent(*this, minex_, tokens, dataFormat, "AddMIN");
+  return keepTokens_(minex_, tokens, dataFormat, "AddMIN");
 }
 
 int CSVEvt::_AddGEO(const std::vector<std::string>& tokens, int dataFormat) {
-  return addTokenEvent(*this, geometry_, tokens, dataFormat, "AddGEO");
+  return keepTokens_(geometry_, tokens, dataFormat, "AddGEO");
 }
 
 int CSVEvt::_AddFP(const std::vector<std::string>& tokens, int dataFormat) {
-  return addTokenEvent(*this, fixedPoints_, tokens, dataFormat, "AddFP");
+  return keepTokens_(fixedPoints_, tokens, dataFormat, "AddFP");
 }
 
 int CSVEvt::_AddNTDS(const std::vector<std::string>& tokens, int dataFormat) {
@@ -191,7 +200,9 @@ int CSVEvt::_AddNTDS(const std::vector<std::string>& tokens, int dataFormat) {
     std::cout << "AddNTDS size = " << tokens.size() << "\n";
     return 1;
   }
-  readXml_(tokens, *keep_(ntds_, tokens, dataFormat));
+  NTDSEvent* event = keep_(ntds_, tokens, dataFormat);
+  if (event == nullptr) return 1;
+  readXml_(tokens, *event);
   return 0;
 }
 
@@ -201,6 +212,7 @@ int CSVEvt::_AddATK(const std::vector<std::string>& tokens, int dataFormat) {
     return 1;
   }
   AttackEvent* event = keep_(attacks_, tokens, dataFormat);
+  if (event == nullptr) return 1;
   readXml_(tokens, *event);
   const std::string& kind = event->sections["rpttype"];
   event->reportKind = kind == "ASWCLEAR" || kind == "ASWDPY" || kind == "ASWFINAL" ? kind : "unknown";

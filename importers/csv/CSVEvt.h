@@ -94,7 +94,8 @@ class CSVEvt {
 
   void AddEVT(const std::vector<std::string>& tokens, int dataFormat);
 
-  // Each answers 0 when the record was kept, 1 when it was too short.
+  // Each answers 0 when the record was kept, 1 when it was too short or had
+  // no usable time.
   int _AddDEP(const std::vector<std::string>& tokens, int dataFormat);
   int _AddDOP(const std::vector<std::string>& tokens, int dataFormat);
   int _AddCPA(const std::vector<std::string>& tokens, int dataFormat);
@@ -132,8 +133,14 @@ class CSVEvt {
   const std::vector<std::unique_ptr<FixedPointEvent>>& fixedPoints() const { return fixedPoints_; }
 
  private:
+  // The new event with its common part, or null (reported) when its time
+  // is not finite or lies before its year.
   template <typename Event>
   Event* keep_(std::vector<std::unique_ptr<Event>>& list, const std::vector<std::string>& tokens, int dataFormat);
+  // Minex, geometry and fixed points, which keep their whole record.
+  template <typename Event>
+  int keepTokens_(std::vector<std::unique_ptr<Event>>& list, const std::vector<std::string>& tokens, int dataFormat,
+                  const char* name);
   void readXml_(const std::vector<std::string>& tokens, XmlEvent& event);
   void removeDuplicateFPEvents_();
   bool doesEventExist_(const std::string& serial, const CommonEventPart* except) const;

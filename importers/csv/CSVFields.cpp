@@ -45,6 +45,12 @@ int toInt(const std::string& text) {
   return static_cast<int>(std::strtol(text.c_str(), nullptr, 10));
 }
 
+int truncateToInt(double value) {
+  // Compared in doubles: every int is exact there, and NaN fails both tests.
+  if (!(value > -2147483649.0 && value < 2147483648.0)) return 0;
+  return static_cast<int>(value);
+}
+
 double wrapPlusMinusPi(double degrees) { return wrap(degrees * DEG_TO_RAD, true); }
 
 double wrapZeroTwoPi(double degrees) { return wrap(degrees * DEG_TO_RAD, false); }

@@ -20,6 +20,10 @@ constexpr double METERS_TO_FEET = 3.28084;
 double toDouble(const std::string& text);
 int toInt(const std::string& text);
 
+// A number cut toward zero to an int; 0 for one that no int holds (NaN,
+// infinities, beyond the int's range), whose cast would be undefined.
+int truncateToInt(double value);
+
 // Degrees to radians in [-pi, pi] (latitude, longitude, pitch, roll).
 double wrapPlusMinusPi(double degrees);
 // Degrees to radians in [0, 2 pi) (yaw, course).

@@ -85,8 +85,8 @@ void CSVFile::csvTokenize_(std::vector<std::string>& tokens, const std::string& 
 
 int CSVFile::DataFormat() const {
   if (format_ != FORMAT_UNKNOWN) return format_;
-  const int lon = static_cast<int>(refLon_);
-  const int lat = static_cast<int>(refLat_);
+  const int lon = CSVFields::truncateToInt(refLon_);
+  const int lat = CSVFields::truncateToInt(refLat_);
   if (lon == -118) return lat == 33 ? FORMAT_SCORE : FORMAT_UNKNOWN;
   if (lon == -159) return lat == 22 ? FORMAT_PMRF : FORMAT_UNKNOWN;
   return FORMAT_UNKNOWN;

@@ -102,6 +102,16 @@ void CSVPos::report_(const std::string& record, const std::string& text) const {
   writeErrorStreamUD("Line " + std::to_string(file_->lineNumber()) + " " + record + ": " + text + "\n");
 }
 
+bool CSVPos::lineTime_(const std::vector<std::string>& tokens, const char* record, double& time) const {
+  try {
+    time = recordTime(tokens);
+    return true;
+  } catch (const orvCore::TimeException& e) {
+    report_(record, e.what());
+    return false;
+  }
+}
+
 void CSVPos::addTypeAndAffinity_(PlatformUD* platform, int type, int iff) {
   scenario_->addCategoryData(platform->UniqueID(), kStaticTime, "Platform Type", getPlatType(type));
   scenario_->addCategoryData(platform->UniqueID(), kStaticTime, "Affinity", GetAffinityString(iff));
@@ -143,7 +153,6 @@ void CSVPos::AddLEG(const std::vector<std::string>& tokens, ScenarioUD* scenario
   UniqueID key;
   std::string callsign, vehicle, description;
   int iff = kIffNeutral;
-  double time = 0.0;
   if (dataFormat == CSVFile::FORMAT_SCORE) {
     if (tokens.size() < 15) return;
     key = UniqueID(tokens[7], toInt(tokens[8]), 0);
@@ -152,12 +161,6 @@ void CSVPos::AddLEG(const std::vector<std::string>& tokens, ScenarioUD* scenario
     iff = toInt(tokens[12]);
     description = tokens[7];
     for (size_t i = 8; i <= 14; ++i) description += " " + tokens[i];
-    try {
-      time = recordTime(tokens);
-    } catch (const orvCore::TimeException& e) {
-      report_("LEG", e.what());
-      return;
-    }
   } else if (dataFormat == CSVFile::FORMAT_PMRF) {
     // A PMRF legend names its source in field 5; a shorter line has no track.
     if (tokens.size() < 6) return;
@@ -190,6 +193,10 @@ void CSVPos::AddLEG(const std::vector<std::string>& tokens, ScenarioUD* scenario
 
   PlatformUD* platform = entry->second;
   setOriginalId_(platform, key);
+  // The date only times the legend's text: a bad one loses that text, not
+  // the track that its positions look for.
+  double time = 0.0;
+  if (!lineTime_(tokens, "LEG", time)) return;
   GenericDataUD* data = nullptr;
   if (entry->first.genericDataId == 0) {
     entry->first.genericDataId = platform->UniqueID();
@@ -254,12 +261,7 @@ void CSVPos::AddPOS(const std::vector<std::string>& tokens, int dataFormat) {
   lastKey_ = key;
 
   double time = 0.0;
-  try {
-    time = recordTime(tokens);
-  } catch (const orvCore::TimeException& e) {
-    report_("POS", e.what());
-    return;
-  }
+  if (!lineTime_(tokens, "POS", time)) return;
   // Negative clock fields can reach before the year; -1 would even make
   // the track static.
   if (time < 0.0) {

@@ -52,6 +52,8 @@ class CSVPos {
   void addTypeAndAffinity_(PlatformUD* platform, int type, int iff);
   void setOriginalId_(PlatformUD* platform, const UniqueID& key);
   void report_(const std::string& record, const std::string& text) const;
+  // The time of a LEG or POS line; false, reported, for a date that does not exist.
+  bool lineTime_(const std::vector<std::string>& tokens, const char* record, double& time) const;
 
   ScenarioUD* scenario_;
   CSVFile* file_;

@@ -135,7 +135,7 @@ TEST_F(RangeFiles, PmrfExerciseLoadsAtTheRangeOrigin) {
 
 TEST_F(RangeFiles, BadLineIsReportedWithItsNumberAndTheRestLoads) {
   const std::string file = write("bad.csv",
-                                 "COM,x\nPKL,0,0,0,0,0,0,Source,TID\nLEG,2021,1,15,0,0,0,LTS,1,Ship,Ship,x,1,0,0\n"
+                                 "COM,x\nPKL,0,0,0,0,0,0,Source,TID\nLEG,2021,2,30,0,0,0,LTS,1,Ship,Ship,x,1,0,0\n"
                                  "POS,2021,1,15,10,0,0,LTS,1,33,-118,0,0,0,0,0,0,0,0,0,0,0,0\n"
                                  "POS,2021,2,30,10,0,1,LTS,1,33,-118,0,0,0,0,0,0,0,0,0,0,0,0\n"
                                  "POS,2021,1,15,10,0,2,LTS,1,33,-118,0,0,0,0,0,0,0,0,0,0,0,0\n");
@@ -144,9 +144,13 @@ TEST_F(RangeFiles, BadLineIsReportedWithItsNumberAndTheRestLoads) {
   const std::string warnings = messages(3);
   EXPECT_NE(warnings.find("Line 5 POS: orvCore::getYearDay, The given month day is not valid."), std::string::npos)
       << warnings;
+  // A legend's bad date costs only its text: the track keeps its name and icon.
+  EXPECT_NE(warnings.find("Line 3 LEG: orvCore::getYearDay, The given month day is not valid."), std::string::npos);
   const auto dump = json("dump.json");
   ASSERT_NE(object(dump, "Ship"), nullptr);
+  EXPECT_EQ((*object(dump, "Ship"))["header"]["icon"], "ShipV_F.png");
   EXPECT_EQ(points(*object(dump, "Ship")), 2);
+  EXPECT_EQ(dump["objects"].size(), 1u);
 }
 
 TEST_F(RangeFiles, FilesThatAreNotRangeFilesAreRefused) {

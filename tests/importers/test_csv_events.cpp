@@ -175,4 +175,21 @@ TEST(CsvEvents, EventWithABadDateIsDroppedWithItsLine) {
       << load.issues;
 }
 
+TEST(CsvEvents, EventOutsideTheYearOrWithoutATimeIsDroppedWithItsLine) {
+  const std::string dep = fields(21, 30) + ",Laid" + fields(31, 40);
+  std::string endless = scoreEvt("DEP", "B1", "SON", "DC1", 33.5, -118.25, 30, dep);
+  endless.replace(endless.find(",12,0,0,"), 8, ",nan,0,0,");
+  std::string early = scoreEvt("NOT", "N1", "LTS", "Ship", 0, 0, 0, ",early");
+  early.replace(early.find(",1,15,12,0,0,"), 13, ",1,1,0,0,-5,");
+  // A flag far beyond an int is no reason to drop a record.
+  std::string flagged = scoreEvt("NOT", "N2", "LTS", "Ship", 0, 0, 0, ",kept");
+  flagged.replace(flagged.find(",mode,1,"), 8, ",mode,1e300,");
+  CsvLoad load = loadCsv(scoreFile(endless + early + flagged + scoreEvt("NOT", "N3", "LTS", "Ship", 0, 0, 0, ",on")));
+  EXPECT_EQ(load.events(), (std::vector<std::string>{"EVT=NOT`ID=N2`CSO=Ship`NOT=kept", "EVT=NOT`ID=N3`CSO=Ship`NOT=on"}));
+  EXPECT_TRUE(load.scenario->platforms().empty());
+  EXPECT_NE(load.issues.find("Line 3 EVT: Invalid time value, time is either not finite or < 0"), std::string::npos)
+      << load.issues;
+  EXPECT_NE(load.issues.find("Line 4 EVT: Invalid time value, time is either not finite or < 0"), std::string::npos);
+}
+
 }  // namespace

@@ -67,6 +67,12 @@ TEST(CsvFileFormat, AnythingElseIsRefusedWithTheConverterMessage) {
             std::string::npos);
 }
 
+TEST(CsvFileFormat, OriginBeyondAnyWholeDegreeChoosesNoFormat) {
+  EXPECT_EQ(loadCsv("COM,x\nORG,33,1e300,0,0\n").result, 1);
+  EXPECT_EQ(loadCsv("COM,x\nORG,nan,-118.5,0,0\n").result, 1);
+  EXPECT_EQ(loadCsv("COM,x\nORG,-1e300,-159.5,0,0\n").result, 1);
+}
+
 TEST(CsvFileSettings, ClassificationLevelsAreCaseSensitive) {
   const std::pair<const char*, const char*> cases[] = {{"FOUO", "FOR OFFICIAL USE ONLY"},
                                                        {"CONFIDENTIAL", "CONFIDENTIAL"},

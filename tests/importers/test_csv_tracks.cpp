@@ -177,6 +177,24 @@ TEST(CsvPosition, BadLinesAreDroppedAndTheRestLoads) {
   EXPECT_FALSE(load.platform("Ship")->isStatic());
 }
 
+TEST(CsvLegend, LegendWithABadDateStillNamesItsTrack) {
+  // The date only times the legend's text; the track keeps its name, icon,
+  // categories and original id, and its positions find it.
+  std::string leg = scoreLeg("LTS", 3, "Hornet", "F18", 2);
+  leg.replace(leg.find(",1,15,"), 6, ",13,15,");
+  CsvLoad load = loadCsv(scoreFile(leg + scorePos("LTS", 3, "10:00:00", 33, -118, 0, 0, 0)));
+  PlatformUD* hornet = load.platform("Hornet");
+  ASSERT_NE(hornet, nullptr);
+  EXPECT_EQ(load.scenario->platforms().size(), 1u);
+  EXPECT_EQ(hornet->Header()->iconName, "F18V_H.png");
+  EXPECT_EQ(load.category(hornet, "Data Format"), "SCORE CSV");
+  EXPECT_EQ(hornet->GetOriginalID(), SCORE::toOriginalID(SCORE::LTS, 3));
+  EXPECT_EQ(hornet->Motion()->Size(), 1u);
+  EXPECT_TRUE(load.generic(hornet->UniqueID(), "LEG").empty());
+  EXPECT_NE(load.issues.find("Line 3 LEG: orvCore::getYearDay, The given month is not valid."), std::string::npos)
+      << load.issues;
+}
+
 TEST(CsvPosition, LastYearInTheFileBecomesTheReferenceYear) {
   std::string later = scorePos("LTS", 1, "10:00:00", 33, -118, 0, 0, 0);
   later.replace(later.find("2021"), 4, "2022");
