@@ -995,6 +995,13 @@ int AsiKeywordHandlers::asiGenericData_(const Tokens& t, unsigned long) {
   if (!id_(t[1], id)) return UD_BAD_GENERIC_VALUES;
   if (const int code = time_(t[4], time)) return code;
   if (t.size() == 6 && !number_(t[5], expire)) return UD_BAD_GENERIC_VALUES;
+  // Animated lines of the older forms: the bare "AnimatedLine" tag, and from
+  // version 8 an "entity=" key where "entityid=" is meant.
+  const std::string tag = orvCore::lowerCase(t[2]);
+  if (startsWith(tag, "animatedline")) return UD_DEPRECATED_USE;
+  if (scenario_.version() > 7 && startsWith(tag, "orvide_animatedline") &&
+      t[3].find("entity=") != std::string::npos)
+    return UD_DEPRECATED_ENTITY;
   return scenario_.addGenericData(id, t[2], t[3], time, expire);
 }
 

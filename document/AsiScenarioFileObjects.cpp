@@ -339,7 +339,7 @@ void AsiScenarioFile::transmitCustomRenderings_(const TimeWindowUD& window) {
       continue;
     }
     PIData::PICustomRenderingHeader header;
-    header.name = h.desc;
+    header.name = getName(h.desc);
     header.rendererName = h.renderer;
     header.originalId = h.originalID;
     const uint64_t hostId = PIData::createCustomRendering(platformId, header);

@@ -86,6 +86,19 @@ TEST_F(Loader, CoordinateSystemNumbersFlagsAndBeamCommands) {
   EXPECT_NEAR(scenario.findBeam(2)->Header()->hbw, 2 * M_PI, 1e-12);
 }
 
+TEST_F(Loader, DeprecatedAnimatedLinesAreRefused) {
+  ScenarioUD scenario;
+  ASSERT_EQ(load(scenario, "Version 8\nRefLLA 30 -120 0\nCoordSystem LLA\nPlatformID 1\n"
+                           "GenericData 1 AnimatedLine_1 \"entityid=1\" 10\n"
+                           "GenericData 1 ORVIDE_AnimatedLine_1 \"entity=1\" 10\n"
+                           "GenericData 1 ORVIDE_AnimatedLine_1 \"entityid=1\" 20\n"),
+            0);
+  EXPECT_NE(errors.str().find("see line #5"), std::string::npos);
+  EXPECT_NE(errors.str().find("see line #6"), std::string::npos);
+  ASSERT_NE(scenario.getGenericData(1), nullptr);
+  EXPECT_EQ(scenario.getGenericData(1)->items().size(), 1u);
+}
+
 TEST_F(Loader, WrittenScenarioReadsBack) {
   ScenarioUD original;
   original.setLatLonAlt(0.5, -2.0, 0);
