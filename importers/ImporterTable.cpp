@@ -3,6 +3,7 @@
 #include "importers/GPXParser.h"
 #include "importers/OTGFile.h"
 #include "importers/PETFile.h"
+#include "importers/SatelliteLoad.h"
 #include "importers/WAMFile.h"
 #include "importers/csv/CSVFile.h"
 
@@ -37,6 +38,8 @@ ImporterTable sideFormatImporters() {
   };
   table.push_back(otg);
 
+  table.push_back(tleEntry());
+  table.push_back(keplerEntry());
   return table;
 }
 

@@ -44,6 +44,12 @@ load gpx "$BUILD_DIR/example-dump-gpx.json" "$EXAMPLES/arthurs_seat.gpx"
 load pet "$BUILD_DIR/example-dump-pet.json" "$EXAMPLES/range_trial.pet"
 ORVIDE_USER_DIR="$EXAMPLES" load wam "$BUILD_DIR/example-dump-wam.json" "$EXAMPLES/coastal_watch.wam"
 load vestfjorden "$BUILD_DIR/example-dump-vestfjorden.json" "$EXAMPLES/northern_screen.otg"
+# The TLE and Kepler converters write their ASI text beside the input: they
+# load copies in the build folder, so that examples/ stays as it is.
+CONVERTED="$BUILD_DIR/converted-examples"
+mkdir -p "$CONVERTED" && cp "$EXAMPLES/satellites.tle" "$EXAMPLES/ballistic.kp" "$CONVERTED/"
+load satellites "$BUILD_DIR/example-dump-satellites.json" "$CONVERTED/satellites.tle"
+load ballistic "$BUILD_DIR/example-dump-ballistic.json" "$CONVERTED/ballistic.kp"
 
 echo "==== results"
 printf '%s\n' "${results[@]}"

@@ -83,6 +83,12 @@ class Examples : public e2e::HostRun {
     return path(name);
   }
 
+  std::string copy(const std::string& source) {
+    const std::string target = path(e2e::fs::path(source).filename().string());
+    std::ofstream(target) << e2e::readText(source);
+    return target;
+  }
+
   const Platforms feedPlatforms = {
       {"Patrol Vessel Kestrel", 21}, {"Morwenna PH 110", 21}, {"Coastguard Rescue 924", 8}};
 };
@@ -115,6 +121,19 @@ TEST_F(Examples, SingleFilesLoadCleanWithTheirPlatformsAndPoints) {
     SCOPED_TRACE("pmrf_rimpac.csv");
     expectLoaded({example("pmrf_rimpac.csv")},
                  {{"Kauai Eagle", 46}, {"Chosin", 46}, {"Target Drone", 46}, {"Range Boat", 46}});
+  }
+  // The converters write their ASI text beside the input: copies keep the
+  // source tree clean.
+  {
+    SCOPED_TRACE("satellites.tle");
+    expectLoaded({copy(example("satellites.tle"))}, {{"MOLNIYA 1-36", 1440},
+                                                     {"ITALSAT 2", 1440},
+                                                     {"CBERS 2", 1440},
+                                                     {"NAVSTAR 53 (USA 175)", 1440}});
+  }
+  {
+    SCOPED_TRACE("ballistic.kp");
+    expectLoaded({copy(example("ballistic.kp"))}, {{"Rocket", 103}});
   }
 }
 
