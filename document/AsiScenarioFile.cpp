@@ -100,7 +100,7 @@ bool AsiScenarioFile::load_(const std::string& path, std::vector<std::string>& i
     issues.push_back(unknown);
     return false;
   }
-  PICommon::notify(entry->notice + path + "\n", PICommon::PI_NOTIFY_INFO, "");
+  PICommon::notify(entry->notice + path, PICommon::PI_NOTIFY_INFO, "");
   std::ostringstream errors;
   std::ostream* previous = setErrorStreamUD(&errors);
   const int result = entry->load(path, *scenario_, progress_);

@@ -17,6 +17,9 @@ constexpr size_t POINT_BATCH = 4096;
 
 void tellError(const std::string& text) { PICommon::notify(text, PICommon::PI_NOTIFY_ERROR, ""); }
 
+// The name an object is sent under: "Unknown" when it has none.
+std::string getName(const std::string& name) { return name.empty() ? "Unknown" : name; }
+
 // Document states are geodetic (radians, metres) with east-north-up velocity,
 // which is the host's LLA frame.
 PIData::PIPlatformPoint platformPoint(const MotionStateUD& s, bool hasOrientation) {
@@ -161,7 +164,7 @@ void AsiScenarioFile::transmitPlatformData_(const TimeWindowUD& window) {
       while (next < total && pointAt(next).time == -1.0) ++next;
     } else {
       PIData::PIPlatformHeader header;
-      header.name = h.callSign;
+      header.name = getName(h.callSign);
       header.iconName = h.iconName;
       header.originalId = h.originalID;
       hostId = PIData::createPlatform(header, pointAt(0));
@@ -221,7 +224,7 @@ void AsiScenarioFile::transmitBeamData_(const TimeWindowUD& window) {
       for (auto it = range.first; it != range.second; ++it) points.push_back(beamPoint(*it));
     }
     PIData::PIBeamHeader header;
-    header.name = h.desc;
+    header.name = getName(h.desc);
     header.azimuthOffset = h.azimOffset;
     header.elevationOffset = h.elevOffset;
     header.horizontalWidth = h.hbw;
@@ -235,11 +238,14 @@ void AsiScenarioFile::transmitBeamData_(const TimeWindowUD& window) {
       continue;
     }
     remember_(h.uniqueID, h.originalID, hostId);
+    // The first point went in with the header; like every later one it is
+    // sent as data, after the beam's data are cleared.
+    PIData::flushEntityData(hostId, PIData::PI_FLUSH_ALL);
     sendAntenna(hostId, h);
     if (!h.arepsFiles.empty() && (PIORVIDE::runningInORVIDE() || PIORVIDE::runningInORVIDE10()) &&
         PIORVIDE::rfpropSetInputFiles(hostId, h.arepsFiles) != 0)
       tellError("rfpropSetInputFiles():  Error occurred loading AREPSPattern input files.\n");
-    for (size_t next = 1; next < points.size(); ++next) PIData::addDataPoint(hostId, points[next]);
+    for (const PIData::PIBeamPoint& point : points) PIData::addDataPoint(hostId, point);
     transmitActiveMapAndTargets_(hostId, beam, window);
     transmitColorMap_(hostId, beam, window);
     transmitCategoryData_(hostId, beam.categoryData(), window);
@@ -267,7 +273,7 @@ void AsiScenarioFile::transmitGateData_(const TimeWindowUD& window) {
       for (auto it = range.first; it != range.second; ++it) points.push_back(gatePoint(*it));
     }
     PIData::PIGateHeader header;
-    header.name = h.desc;
+    header.name = getName(h.desc);
     header.gateType = h.gateType;
     header.originalId = h.originalID;
     const uint64_t hostId = PIData::createGate(beamId, header, points.empty() ? nullptr : &points.front(), false);
@@ -297,7 +303,7 @@ void AsiScenarioFile::transmitLobGroupData_(const TimeWindowUD& window) {
       continue;
     }
     PIData::PILobHeader header;
-    header.name = h.description;
+    header.name = getName(h.description);
     header.originalId = h.originalID;
     header.type = h.type == UTILS::LOB_RELATIVE ? PIData::PI_LOB_RELATIVE : PIData::PI_LOB_ABSOLUTE;
     const uint64_t hostId = PIData::createLob(platformId, header);
@@ -349,7 +355,7 @@ void AsiScenarioFile::transmitCustomRenderings_(const TimeWindowUD& window) {
       continue;
     }
     PIData::PICustomRenderingHeader header;
-    header.name = h.desc;
+    header.name = getName(h.desc);
     header.rendererName = h.renderer;
     header.originalId = h.originalID;
     const uint64_t hostId = PIData::createCustomRendering(platformId, header);
