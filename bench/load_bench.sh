@@ -47,26 +47,7 @@ generate() {
   echo "$path"
 }
 
-# measure COMMAND... -> prints "seconds kilobytes cpu-seconds": the fastest
-# run's wall and CPU time, the largest peak RSS; the command must succeed
-# (scenario-host exit status 0).
-measure() {
-  local best_s="" best_k="" best_c="" s k u y i
-  for ((i = 0; i < RUNS; i++)); do
-    if ! "$TIME" -o "$WORK/time.txt" -f '%e %M %U %S' "$@" >"$WORK/out.txt" 2>"$WORK/err.txt"; then
-      echo "load_bench: failed: $*" >&2
-      cat "$WORK/out.txt" "$WORK/err.txt" >&2
-      exit 1
-    fi
-    read -r s k u y <"$WORK/time.txt"
-    if [ -z "$best_s" ] || awk -v a="$s" -v b="$best_s" 'BEGIN{exit !(a < b)}'; then
-      best_s=$s
-      best_c=$(awk -v u="$u" -v y="$y" 'BEGIN{print u + y}')
-    fi
-    if [ -z "$best_k" ] || [ "$k" -gt "$best_k" ]; then best_k=$k; fi
-  done
-  echo "$best_s $best_k $best_c"
-}
+source "$ROOT/bench/measure.sh"
 
 row() {  # label seconds kilobytes cpu-seconds lines awk_seconds
   awk -v l="$1" -v s="$2" -v k="$3" -v c="$4" -v n="$5" -v a="$6" 'BEGIN{

@@ -40,29 +40,45 @@ bool reportResult(const AsiLineRecord& record) {
   return fatal;
 }
 
+bool isWhite(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+
 // Splits a line into tokens: quoted tokens stay whole; an unquoted "#" or
-// "//" ends the line.
+// "//" ends the line. One pass over the characters, reusing the strings of
+// `tokens` (a recycled record's), since this runs for every line of a file.
 void splitLine(const std::string& text, std::vector<std::string>& tokens) {
-  tokens.clear();
-  size_t pos = text.find_first_not_of(orvCore::STR_WHITE_SPACE_CHARS);
-  while (pos != std::string::npos) {
-    const std::string terminator = orvCore::getTerminateForStringPos(text, pos);
-    size_t end;
-    if (terminator.empty()) end = text.find_first_of(orvCore::STR_WHITE_SPACE_CHARS, pos);
-    else end = orvCore::getFirstCharPosAfterString(text, pos + terminator.size(), terminator);
-    if (end == std::string::npos) end = text.size();
-    std::string token = text.substr(pos, end - pos);
-    if (terminator.empty()) {
-      const size_t comment = std::min(token.find('#'), token.find("//"));
-      if (comment != std::string::npos) {
-        if (comment > 0) tokens.push_back(token.substr(0, comment));
-        break;
+  size_t count = 0;
+  auto add = [&tokens, &count, &text](size_t from, size_t length) {
+    if (count == tokens.size()) tokens.emplace_back();
+    tokens[count++].assign(text, from, length);
+  };
+  const size_t size = text.size();
+  size_t pos = 0;
+  while (pos < size && isWhite(text[pos])) ++pos;
+  while (pos < size) {
+    size_t end = pos;
+    const char first = text[pos];
+    if (first == '"' || first == '\'') {
+      const std::string terminator = orvCore::getTerminateForStringPos(text, pos);
+      end = orvCore::getFirstCharPosAfterString(text, pos + terminator.size(), terminator);
+      if (end == std::string::npos) end = size;
+      add(pos, end - pos);
+      tokens[count - 1] = orvCore::removeQuotes(tokens[count - 1]);
+    } else {
+      bool comment = false;
+      while (end < size && !isWhite(text[end])) {
+        if (text[end] == '#' || (text[end] == '/' && end + 1 < size && text[end + 1] == '/')) {
+          comment = true;
+          break;
+        }
+        ++end;
       }
+      if (end > pos) add(pos, end - pos);
+      if (comment) break;
     }
-    tokens.push_back(token);
-    pos = text.find_first_not_of(orvCore::STR_WHITE_SPACE_CHARS, end);
+    pos = end;
+    while (pos < size && isWhite(text[pos])) ++pos;
   }
-  orvCore::removeQuotes(tokens);
+  tokens.resize(count);
 }
 
 }  // namespace
@@ -89,6 +105,8 @@ void AsiParserThread::run() {
         record->result = handlers_.parse(record->tokens, record->line);
       } catch (const orvCore::TimeException&) {
         record->result = UD_BAD_TIME_STRING;
+        writeErrorStreamUD("Error (non-fatal) in file, see line # " + std::to_string(record->line) + "  (" +
+                           std::to_string(record->result) + "): " + udErrorString(record->result) + "\n");
       } catch (...) {
         writeErrorStreamUD("Error (unknown) in file, see line # " + std::to_string(record->line) + "\n");
         record->result = 1;
@@ -117,6 +135,8 @@ int ScenarioUD::load(const std::string& fileName, const FileFinder& fileFinder, 
 }
 
 int ScenarioUD::load(std::istream& stream, const FileFinder&, bool, PercentCallback* callback, std::streamoff size) {
+  // Times without a year refer to this one until "ReferenceYear" says otherwise.
+  setReferenceYear(udCurrentYear());
   AsiLoaderThread shared;
   AsiKeywordHandlers handlers(*this);
   AsiParserThread parser(shared, handlers);
