@@ -80,3 +80,24 @@ run "/dev/zero named zero.asi" "$HOST" --no-progress "$WORK/zero.asi"
 
 mkfifo "$WORK/pipe.asi"
 run "named pipe without a writer" timeout 60 "$HOST" --no-progress "$WORK/pipe.asi"
+
+# zip_file NAME MEMBER MEGABYTES: an archive holding a small ASI file and a
+# member of MEGABYTES of zeros (a few MB once deflated).
+zip_file() {
+  /usr/bin/python3 - "$WORK/$1" "$2" "$3" "$HEADER" <<'PY'
+import sys, zipfile
+path, member, megabytes, header = sys.argv[1], sys.argv[2], int(sys.argv[3]), sys.argv[4]
+with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as z:
+    z.writestr("scenario.asi", header)
+    with z.open(member, "w", force_zip64=True) as out:
+        block = bytes(1 << 20)
+        for _ in range(megabytes):
+            out.write(block)
+PY
+}
+
+zip_file junk.zip junk.bin $((2700 * SCALE))
+run "ZIP with a 2.7 GB member no reader takes" "$HOST" --no-progress "$WORK/junk.zip"
+
+zip_file bomb.zip bomb.asi $((3000 * SCALE))
+run "ZIP with a 3 GB .asi member" "$HOST" --no-progress "$WORK/bomb.zip"

@@ -138,8 +138,15 @@ extern "C" {
 
 int OPI_InitializeFunctionMap(PIFunctionMap* functionMap, void* thisPlugin) {
   PIBase::setFunctionMap(functionMap, thisPlugin);
-  if (!thePlugin) thePlugin = new FileReadPlugin;
-  fillMessageMap(thePlugin);
+  try {
+    if (!thePlugin) thePlugin = new FileReadPlugin;
+    fillMessageMap(thePlugin);
+  } catch (...) {
+    // Without memory for the plug-in or its map the host gets a refusal, not
+    // an exception; the function map is set, so the failure can be told.
+    FileReaderPlugin::tellFailure("Plug-in initialisation");
+    return -1;
+  }
   return 0;
 }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 
 #include "importers/sgp4/AIAASgp4.h"
@@ -26,6 +27,11 @@ void jday(int year, int mon, int day, int hr, int minute, double sec, double& jd
 }
 
 void days2mdhms(int year, double days, int& mon, int& day, int& hr, int& minute, double& sec) {
+  // The epoch field of a damaged line can hold any number, "nan" included:
+  // it is held to a span that every cast below can take. Such an epoch is
+  // nonsense either way, but must not overflow an int.
+  const double kDayBound = 1.0e6;
+  days = std::isnan(days) ? 0.0 : std::min(std::max(days, -kDayBound), kDayBound);
   int lmonth[13] = {0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   const int dayofyr = static_cast<int>(std::floor(days));
   if (year % 4 == 0) lmonth[2] = 29;

@@ -4,10 +4,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <sstream>
 
 #include "importers/ParseTLE.h"
 #include "importers/Propagator.h"
+#include "importers/sgp4/AIAASgp4.h"
 
 namespace {
 
@@ -125,6 +127,28 @@ TEST(TlePropagator, ColumnsAndTwoDigitYears) {
   EXPECT_EQ(a.epochYear(), 2057);
   EXPECT_EQ(b.launchYear(), 1958);
   EXPECT_EQ(b.epochYear(), 1958);
+}
+
+}  // namespace
+
+namespace {
+
+// An epoch field that is no day of a year (a damaged line, "nan") still
+// gives a date whose parts are within their ranges.
+TEST(TlePropagator, AnEpochDayBeyondAnyYearGivesADateNotAnOverflow) {
+  for (double days : {176756157475.0, -3.0e12, std::nan("")}) {
+    int mon = 0, day = 0, hr = -1, minute = -1;
+    double sec = -1.0;
+    AIAA::days2mdhms(2006, days, mon, day, hr, minute, sec);
+    EXPECT_TRUE(mon >= 1 && mon <= 12) << days << ": " << mon;
+    EXPECT_TRUE(hr >= 0 && hr < 24) << days << ": " << hr;
+    EXPECT_TRUE(minute >= 0 && minute < 60) << days << ": " << minute;
+    EXPECT_TRUE(sec >= 0.0 && sec < 60.0) << days << ": " << sec;
+  }
+  std::string damaged = kIss1;
+  damaged.replace(20, 12, "176756157475");
+  PropagatorAIAA satellite("X", damaged, kIss2);
+  EXPECT_DOUBLE_EQ(satellite.epochDay(), 176756157475.0);
 }
 
 }  // namespace

@@ -104,3 +104,17 @@ TEST(MessageCap, AFatalMessageThatReachesTheCapBringsTheNotice) {
   ASSERT_EQ(m.written.size(), 501u);
   EXPECT_EQ(m.written[500].text, NOTICE);
 }
+
+// A message may quote a file's text, which can be of any length.
+TEST(MessageLength, TextsBeyondTwoThousandCharactersAreCutWithTheCountLeftOut) {
+  CapturingMessages m;
+  m.addMessage(PICommon::PI_NOTIFY_ERROR, std::string(2000, 'a'), 1);
+  m.addMessage(PICommon::PI_NOTIFY_WARN, std::string(2000, 'b') + "tail", 2);
+  m.addMessage(PICommon::PI_NOTIFY_FATAL, std::string(1000000, 'c'), 3);
+  ASSERT_EQ(m.written.size(), 3u);
+  EXPECT_EQ(m.written[0].text, std::string(2000, 'a'));
+  EXPECT_EQ(m.written[1].text, std::string(2000, 'b') + "... (4 more characters)");
+  EXPECT_EQ(m.written[2].text, std::string(2000, 'c') + "... (998000 more characters)");
+  EXPECT_EQ(m.written[2].line, 3u);
+  EXPECT_EQ(m.numberOfErrors(), 2u);
+}
