@@ -87,11 +87,14 @@ run_one() {
   if [ -n "$seeds" ]; then cp -r "$seeds/." "$corpus/"; fi
   if [ -f "$ROOT/fuzz/${target%%_*}.dict" ]; then dict=(-dict="$ROOT/fuzz/${target%%_*}.dict"); fi
   echo "== $target: ${SECONDS_EACH} s, seeds ${seeds:-none}" >"$summary"
+  # The readers tell what they find on stdout and stderr; -close_fd_mask=3
+  # keeps that out of the log (a reader's chatter filled gigabytes in ten
+  # minutes), while libFuzzer's and the sanitizers' reports still reach it.
   # Each run has a folder of its own as its working directory, so that
   # whatever a target writes there is not shared with a parallel run.
   mkdir -p "$work/cwd-$target"
   if (cd "$work/cwd-$target" && "$exe" -max_total_time="$SECONDS_EACH" -timeout=25 -rss_limit_mb=2560 \
-        -print_final_stats=1 "${dict[@]}" -artifact_prefix="$ARTIFACTS/$target-" "$corpus") >"$log" 2>&1; then
+        -print_final_stats=1 -close_fd_mask=3 "${dict[@]}" -artifact_prefix="$ARTIFACTS/$target-" "$corpus") >"$log" 2>&1; then
     grep -aE '^stat::number_of_executed_units|^stat::peak_rss_mb' "$log" | sed 's/^/   /' >>"$summary" || true
     echo 0 >"$work/$target.status"
   else
