@@ -22,7 +22,7 @@ cmake --build "$BUILD_DIR" -j2 --target scenario-host FileReaderPlugin >/dev/nul
 mkdir -p "$WORK"
 trap 'rm -rf "$WORK"' EXIT
 
-HEADER=$'Version 24\nReferenceYear 2026\nCoordSystem LLA\nDegreeAngles 1\nRefLLA 36.5 -121.9 0\nPlatformID 1\nPlatformData 1 0 36.5 -121.9 0\n'
+HEADER=$'Version 24\nReferenceYear 2026\nCoordSystem LLA\nDegreeAngles 1\nRefLLA 36.5 -121.9 0\nPlatformID 1\nPlatformName 1 ship\nPlatformData 1 0 36.5 -121.9 0\n'
 MB=$((1000000 * SCALE))
 
 # name: a file of WORK whose content the given command writes after the header
@@ -45,7 +45,7 @@ run() {
   local file="${*: -1}"
   if [ -f "$file" ]; then size="$(du -m --apparent-size "$file" | cut -f1) MB"; fi
   local first
-  first="$(grep -v '^$' "$WORK/err.txt" | grep -v '^Loading\|^Summary\|^\s' | head -n 1 | cut -c1-110)"
+  first="$(grep -v '^$' "$WORK/err.txt" | grep -v '^Loading\|^Summary\|^\s' | head -n 1 | cut -c1-110 || true)"
   printf '%-44s %9s  exit %-3s %7.2f s %8.1f MiB  %s\n' "$label" "$size" "$status" "$seconds" \
     "$(awk -v k="$kb" 'BEGIN{print k/1024}')" "$first"
 }
