@@ -233,7 +233,7 @@ int computeTrajectory(const KeplerInput& input, double timeOffset, std::vector<K
   // load could show them: such a run is refused rather than started.
   if (count >= MAX_POINTS) {
     char text[160];
-    std::snprintf(text, sizeof text, "Too many points requested: (tend - tzero) / dt gives %.0f, more than %.0f",
+    std::snprintf(text, sizeof text, "Too many points requested: (tend - tzero) / dt gives %.6g, more than %.6g",
                   count, MAX_POINTS);
     ConversionLog::issue(text);
     return -1;
