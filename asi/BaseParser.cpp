@@ -180,6 +180,22 @@ int BaseParser::setMagneticVariance_(const std::string& text, PIData::PICoordRef
   return 0;
 }
 
+int BaseParser::setReferenceLla_(const std::string& lat, const std::string& lon, const std::string& alt,
+                                 PIData::PICoordReferenceFrame& frame) {
+  double latitude = 0.0;
+  double longitude = 0.0;
+  double altitude = 0.0;
+  if (orvCore::getAngleFromDegreeString(lat, true, latitude) != 0 ||
+      orvCore::getAngleFromDegreeString(lon, true, longitude) != 0 || !orvCore::isValidNumber(alt, altitude, true)) {
+    setMessage(PICommon::PI_NOTIFY_ERROR, "Invalid coordinates");
+    return 1;
+  }
+  frame.latitude = latitude;
+  frame.longitude = longitude;
+  frame.altitude = altitude;
+  return 0;
+}
+
 uint32_t BaseParser::parseColor_(const std::string& text) {
   return UTILS::colorReverseBytes(UTILS::colorGetColorInt(text, true));
 }

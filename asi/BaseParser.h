@@ -59,6 +59,11 @@ class BaseParser : public FileReaderPlugin::CommandParser {
   int setCoordinateSystem_(const std::string& text, PIData::PICoordReferenceFrame& frame);
   int setVerticalDatum_(const std::string& text, PIData::PICoordReferenceFrame& frame);
   int setMagneticVariance_(const std::string& text, PIData::PICoordReferenceFrame& frame);
+  // A reference origin: latitude and longitude as degree strings, altitude
+  // in metres. The frame changes only when all three parse; else the error
+  // "Invalid coordinates".
+  int setReferenceLla_(const std::string& lat, const std::string& lon, const std::string& alt,
+                       PIData::PICoordReferenceFrame& frame);
 
   // A colour argument in the host's 0xRRGGBBAA order; never fails.
   static uint32_t parseColor_(const std::string& text);

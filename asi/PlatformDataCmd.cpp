@@ -52,51 +52,53 @@ void PlatformData::executeStage1(const std::vector<std::string>& tokens) {
 }
 
 bool PlatformData::parsePosition_(const std::vector<std::string>& tokens) {
-  if (!readPosition_(tokens)) {
+  if (!readHorizontal_(tokens)) {
     setMessage(PICommon::PI_NOTIFY_WARN, INVALID_POSITION);
     return false;
   }
-  // Only positions given in degrees are range-checked.
-  if (point_.frame.coordSystem != PIData::PI_COORD_LLA || !provider_->isDegrees()) return true;
-  if (std::fabs(point_.x) > HALF_PI) {
-    setMessage(PICommon::PI_NOTIFY_WARN, "Latitude position out of range");
-    return false;
+  // Only positions given in degrees are range-checked, and before the
+  // altitude is read: an out-of-range latitude is reported as such even when
+  // the altitude is bad or missing too.
+  if (point_.frame.coordSystem == PIData::PI_COORD_LLA && provider_->isDegrees()) {
+    if (std::fabs(point_.x) > HALF_PI) {
+      setMessage(PICommon::PI_NOTIFY_WARN, "Latitude position out of range");
+      return false;
+    }
+    // Two pi, not pi: longitudes up to a full turn either way pass.
+    if (std::fabs(point_.y) > TWO_PI) {
+      setMessage(PICommon::PI_NOTIFY_WARN, "Longitude position out of range");
+      return false;
+    }
   }
-  // Two pi, not pi: longitudes up to a full turn either way pass.
-  if (std::fabs(point_.y) > TWO_PI) {
-    setMessage(PICommon::PI_NOTIFY_WARN, "Longitude position out of range");
+  // A line too short for an altitude reads as a bad position.
+  if (tokens.size() <= ALT_COLUMN || !number(tokens[ALT_COLUMN], point_.z)) {
+    setMessage(PICommon::PI_NOTIFY_WARN, INVALID_POSITION);
     return false;
   }
   return true;
 }
 
-bool PlatformData::readPosition_(const std::vector<std::string>& tokens) {
-  // A line too short for a position reads as a bad position.
-  if (tokens.size() <= ALT_COLUMN) return false;
+bool PlatformData::readHorizontal_(const std::vector<std::string>& tokens) {
+  // A line too short for a latitude and a longitude reads as a bad position.
+  if (tokens.size() <= LAT_COLUMN + 1) return false;
   const std::string& latText = tokens[LAT_COLUMN];
   const std::string& lonText = tokens[LAT_COLUMN + 1];
   if (point_.frame.coordSystem == PIData::PI_COORD_LLA) {
     if (provider_->isDegrees()) {
-      if (orvCore::getAngleFromDegreeString(latText, true, point_.x) != 0 ||
-          orvCore::getAngleFromDegreeString(lonText, true, point_.y) != 0)
-        return false;
-    } else if (provider_->version() == 2) {
+      return orvCore::getAngleFromDegreeString(latText, true, point_.x) == 0 &&
+             orvCore::getAngleFromDegreeString(lonText, true, point_.y) == 0;
+    }
+    if (provider_->version() == 2) {
       // Version-2 files mixed radians and degrees: values that fit as
       // radians are radians, others are degrees.
       point_.x = std::strtod(latText.c_str(), nullptr);
       point_.y = std::strtod(lonText.c_str(), nullptr);
-      if (std::fabs(point_.x) > TWO_PI || std::fabs(point_.y) > PI) {
-        if (orvCore::getAngleFromDegreeString(latText, true, point_.x) != 0 ||
-            orvCore::getAngleFromDegreeString(lonText, true, point_.y) != 0)
-          return false;
-      }
-    } else if (!number(latText, point_.x) || !number(lonText, point_.y)) {
-      return false;
+      if (std::fabs(point_.x) <= TWO_PI && std::fabs(point_.y) <= PI) return true;
+      return orvCore::getAngleFromDegreeString(latText, true, point_.x) == 0 &&
+             orvCore::getAngleFromDegreeString(lonText, true, point_.y) == 0;
     }
-  } else if (!number(latText, point_.x) || !number(lonText, point_.y)) {
-    return false;
   }
-  return number(tokens[ALT_COLUMN], point_.z);
+  return number(latText, point_.x) && number(lonText, point_.y);
 }
 
 bool PlatformData::parseOrientation_(const std::vector<std::string>& tokens, const PlatformEntity& platform,

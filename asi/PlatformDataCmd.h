@@ -29,8 +29,9 @@ class PlatformData : public PlatformParser {
   // Tokens 3 to 5, with the range check of degree positions. False after
   // reporting.
   bool parsePosition_(const std::vector<std::string>& tokens);
-  // The three numbers alone; false when a column is missing or no number.
-  bool readPosition_(const std::vector<std::string>& tokens);
+  // Latitude and longitude (or x and y) alone; false when a column is
+  // missing or no number.
+  bool readHorizontal_(const std::vector<std::string>& tokens);
   // Euler angles or quaternion columns; sets the place of the speed column.
   // False after reporting.
   bool parseOrientation_(const std::vector<std::string>& tokens, const PlatformEntity& platform,

@@ -25,18 +25,7 @@ int PlatformCoordSystem::change_(const std::vector<std::string>& tokens, PIData:
 }
 
 int PlatformReferenceLla::change_(const std::vector<std::string>& tokens, PIData::PICoordReferenceFrame& frame) {
-  double lat = 0.0;
-  double lon = 0.0;
-  double alt = 0.0;
-  if (orvCore::getAngleFromDegreeString(tokens[2], true, lat) != 0 ||
-      orvCore::getAngleFromDegreeString(tokens[3], true, lon) != 0 || !orvCore::isValidNumber(tokens[4], alt, true)) {
-    setMessage(PICommon::PI_NOTIFY_ERROR, INVALID_COORDINATES);
-    return 1;
-  }
-  frame.latitude = lat;
-  frame.longitude = lon;
-  frame.altitude = alt;
-  return 0;
+  return setReferenceLla_(tokens[2], tokens[3], tokens[4], frame);
 }
 
 int PlatformTangentPlaneOffset::change_(const std::vector<std::string>& tokens,

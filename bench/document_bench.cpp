@@ -2,7 +2,8 @@
 //   bench_document [states] [platforms] [rows] [columns]
 // 1. `states` platform states over `platforms` platforms, in time order per
 //    platform: states/s to insert, interpolations/s at random times, and heap
-//    bytes per state (measured with mallinfo2 around the insertion).
+//    bytes per state (measured with mallinfo2 around the insertion, mapped
+//    blocks included).
 // 2. A table of `rows` rows by `columns` double columns, filled column by
 //    column at different times (so each column is a sub-table of its own):
 //    heap bytes per cell and rows/s of forEachRow over the whole table.
@@ -24,7 +25,12 @@ double seconds(std::chrono::steady_clock::time_point since) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - since).count();
 }
 
-size_t heapInUse() { return mallinfo2().uordblks; }
+// Heap in use: the arena's and the blocks that malloc maps on their own
+// (large arrays, which a contiguous state list is).
+size_t heapInUse() {
+  const struct mallinfo2 info = mallinfo2();
+  return info.uordblks + info.hblkhd;
+}
 
 struct CountRows : PerDataTableRowFunctor {
   size_t rows = 0;

@@ -47,34 +47,7 @@ generate() {
   echo "$path"
 }
 
-# once COMMAND... -> "seconds kilobytes cpu-seconds" of one run; the command
-# must succeed (scenario-host exits with status 0).
-once() {
-  if ! "$TIME" -o "$WORK/time.txt" -f '%e %M %U %S' "$@" >"$WORK/out.txt" 2>"$WORK/err.txt"; then
-    echo "load_bench: failed: $*" >&2
-    cat "$WORK/out.txt" "$WORK/err.txt" >&2
-    exit 1
-  fi
-  awk '{print $1, $2, $3 + $4}' "$WORK/time.txt"
-}
-
-# measure FILE COMMAND... -> "seconds kilobytes cpu-seconds awk-seconds": the
-# run with the smallest ratio to the awk pass right before it (its own wall
-# and CPU time and that awk time), and the largest peak RSS.
-measure() {
-  local file="$1" best="" best_k=0 i a s k c
-  shift
-  for ((i = 0; i < RUNS; i++)); do
-    read -r a _ _ < <(once awk "$AWK_PROGRAM" "$file")
-    read -r s k c < <(once "$@")
-    if [ -z "$best" ] || awk -v x="$s" -v y="$a" -v b="$best" 'BEGIN{split(b, p, " "); exit !(x / y < p[1] / p[4])}'; then
-      best="$s $k $c $a"
-    fi
-    if [ "$k" -gt "$best_k" ]; then best_k=$k; fi
-  done
-  read -r s _ c a <<<"$best"
-  echo "$s $best_k $c $a"
-}
+source "$ROOT/bench/measure.sh"
 
 row() {  # label seconds kilobytes cpu-seconds awk-seconds lines
   awk -v l="$1" -v s="$2" -v k="$3" -v c="$4" -v a="$5" -v n="$6" 'BEGIN{
@@ -90,17 +63,18 @@ loads() {
   cat "$file" >/dev/null  # warm the page cache, so that no run pays for the disk
   echo "file: $file ($lines data lines, 100 platforms, $(du -m "$file" | cut -f1) MB)"
   local result
-  result="$(measure "$file" awk "$AWK_PROGRAM" "$file")"
+  REFERENCE=(awk "$AWK_PROGRAM" "$file")
+  result="$(measure_against "${REFERENCE[@]}")"
   row "awk sum of columns 2-10" $result "$lines"
-  result="$(measure "$file" "$HOST" --no-progress --no-data "$file")"
+  result="$(measure_against "$HOST" --no-progress --no-data "$file")"
   row "scenario-host --no-data" $result "$lines"
   NODATA_KB="$(echo "$result" | cut -d' ' -f2)"
-  result="$(measure "$file" "$HOST" --no-progress "$file")"
+  result="$(measure_against "$HOST" --no-progress "$file")"
   row "scenario-host (full)" $result "$lines"
   FULL_RATIO="$(awk -v r="$result" 'BEGIN{split(r, p, " "); print p[1] / p[4]}')"
 }
 
-echo "fastest of $RUNS runs, each right after an awk pass over the same file; awk: $(readlink -f "$(command -v awk)")"
+echo "best ratio of $RUNS runs, each right after an awk pass over the same file; awk: $(readlink -f "$(command -v awk)")"
 echo "machine: $(nproc) cores, $(uptime | sed 's/.*load/load/')"
 loads "$LINES"
 main_ratio="$FULL_RATIO"

@@ -1,7 +1,10 @@
-// OTH Gold message files: how fast a file of position reports parses and
-// how much memory the parsed messages hold.
+// OTH Gold message files: how fast a file of position reports parses, how
+// much memory the parsed messages hold, and how fast the OTG loader makes a
+// scenario document of it.
 // Usage: oth_bench --generate <path> [reports]   writes a file (default 1000000 reports)
-//        oth_bench <path>                        parses it, then reads every report's fields
+//        oth_bench <path>                        parses it and reads every report's fields
+//        oth_bench --load <path>                 loads it into a document (a run of its own,
+//                                                so that its peak RSS is its own)
 // Prints reports/s, MB/s and the peak RSS after each step.
 
 #include <sys/resource.h>
@@ -13,9 +16,13 @@
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "core/TimeCalendar.h"
+#include "document/ConvenienceFuncsUD.h"
+#include "importers/OTGFile.h"
 #include "importers/oth/OTHMessage.h"
 #include "importers/oth/OthFields.h"
 
@@ -44,6 +51,8 @@ double seconds(Clock::time_point since) { return std::chrono::duration<double>(C
 int generate(const std::string& path, long reports) {
   std::ofstream out(path, std::ios::binary);
   if (!out) return 1;
+  // POS reports count in the current year: XPOS reports are written in it too.
+  const int year = orvCore::currentYear();
   const int contacts = 50;
   const int perContact = 2;
   long written = 0;
@@ -59,12 +68,12 @@ int generate(const std::string& path, long reports) {
       contact.setField(OthLib::OTHContact::FORCE_CODE, c % 3 == 0 ? "H" : "F");
       contact.setField(OthLib::OTHContact::SCONUM, std::to_string(20000 + c));
       for (int r = 0; r < perContact && written < reports; ++r, ++written) {
-        const double time = 3600.0 + message * 60.0 + r * 30.0;
+        const double time = 3600.0 + message * 120.0 + r * 60.0;
         const double angle = 0.001 * time + c;
         const double lat = (20.0 + c * 0.3 + 0.5 * std::sin(angle)) * OthLib::DEG_TO_RAD;
         const double lon = (-60.0 - c * 0.2 + 0.5 * std::cos(angle)) * OthLib::DEG_TO_RAD;
         auto fill = [&](OthLib::OTHPositionReport& report) {
-          report.setTime(time, 2024);
+          report.setTime(time, year);
           report.setPosition(lat, lon, c % 5 == 0 ? 9000.0 : 0.0);
           report.setCourse(angle);
           report.setSpeed(8.0 + c % 7);
@@ -112,11 +121,32 @@ long readFields(const std::vector<OthLib::OTHMessage>& messages) {
   return good;
 }
 
+// The whole loader: parse, document, ellipse tables.
+int load(const std::string& path) {
+  std::ostringstream faults;
+  setErrorStreamUD(&faults);
+  ScenarioUD scenario;
+  const Clock::time_point start = Clock::now();
+  const double cpu = cpuSeconds();
+  const int result = LoadOTGFile(path, &scenario);
+  const double elapsed = seconds(start);
+  const double used = cpuSeconds() - cpu;
+  setErrorStreamUD(nullptr);
+  size_t states = 0;
+  for (const auto& platform : scenario.platforms()) states += platform.second->Motion()->Size();
+  std::printf("load: result %d, %zu platforms, %zu states in %.3f s (%.3f s CPU): %.0f states/s, %.0f per CPU s, "
+              "peak RSS %ld kB\n",
+              result, scenario.platforms().size(), states, elapsed, used, states / elapsed, states / used,
+              peakRssKb());
+  return result;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   if (argc >= 3 && std::strcmp(argv[1], "--generate") == 0)
     return generate(argv[2], argc >= 4 ? std::atol(argv[3]) : 1000000L);
+  if (argc == 3 && std::strcmp(argv[1], "--load") == 0) return load(argv[2]);
   if (argc != 2) {
     std::fprintf(stderr, "usage: %s --generate <path> [reports] | %s <path>\n", argv[0], argv[0]);
     return 2;

@@ -81,10 +81,10 @@ bool CategoryManager::addAndGetCategoryName(const std::string& name, int& catego
   return true;
 }
 
-bool CategoryManager::addAndGetCategoryValue(int category, const std::string& text, int& value) {
-  if (text.empty()) return false;
-  auto strings = categories_.find(category);
-  if (strings == categories_.end() || strings->second->name().empty()) return false;
+namespace {
+
+// The two value texts that every category knows without a number of its own.
+bool specialValue(const std::string& text, int& value) {
   if (text == CategoryValues::NO_VALUE_TEXT) {
     value = CategoryValues::NO_VALUE;
     return true;
@@ -93,6 +93,16 @@ bool CategoryManager::addAndGetCategoryValue(int category, const std::string& te
     value = CategoryValues::UNLISTED;
     return true;
   }
+  return false;
+}
+
+}  // namespace
+
+bool CategoryManager::addAndGetCategoryValue(int category, const std::string& text, int& value) {
+  if (text.empty()) return false;
+  auto strings = categories_.find(category);
+  if (strings == categories_.end() || strings->second->name().empty()) return false;
+  if (specialValue(text, value)) return true;
   auto lookup = valueToNumber_.find(category);
   if (lookup == valueToNumber_.end()) {
     std::cerr << "ERROR:  Unexpected NULL\n";
@@ -122,14 +132,7 @@ bool CategoryManager::getCategoryName(const std::string& name, int& category) co
 }
 
 bool CategoryManager::getCategoryValue(int category, const std::string& text, int& value) const {
-  if (text == CategoryValues::NO_VALUE_TEXT) {
-    value = CategoryValues::NO_VALUE;
-    return true;
-  }
-  if (text == CategoryValues::UNLISTED_TEXT) {
-    value = CategoryValues::UNLISTED;
-    return true;
-  }
+  if (specialValue(text, value)) return true;
   auto lookup = valueToNumber_.find(category);
   if (lookup == valueToNumber_.end()) return false;
   auto known = lookup->second.find(text);

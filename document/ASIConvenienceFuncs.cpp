@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "core/StringUtils.h"
+#include "core/ValidNumber.h"
 #include "core/TimeException.h"
 #include "core/TimePrint.h"
 #include "document/ASIOutput.h"
@@ -18,6 +19,12 @@ const char* const kSystems[] = {"NED", "NED", "NWU", "ENU", "LLA", "ECEF", "ECI"
 int checkCoordSystem(const std::string& text) {
   for (int i = 1; i < 9; ++i)
     if (orvCore::caseCompare(text, kSystems[i]) == 0) return i;
+  // ASI text may give the host's number of the system instead (3 is LLA);
+  // 6 and 7 name no system of the document.
+  static const int fromHost[] = {orvCore::NED, orvCore::NWU,  orvCore::ENU, orvCore::LLA,   orvCore::ECEF,
+                                 orvCore::XEAST, -1,          -1,           orvCore::GTP,   orvCore::ECI};
+  unsigned int number = 0;
+  if (orvCore::isValidNumber(text, number, true) && number < 10) return fromHost[number];
   return -1;
 }
 

@@ -25,7 +25,8 @@ class ScenarioUD;
 
 // Support (ASIConvenienceFuncs)
 bool inputLimitCheck(double value, double low, double high);
-// The coordinate system of a word ("LLA", "ECEF", ...), or -1.
+// The coordinate system of a word ("LLA", "ECEF", ...) or of the host's
+// number for it (0 NED, 1 NWU, 2 ENU, 3 LLA, 4 ECEF, 5 XEAST, 8 GTP, 9 ECI), or -1.
 int checkCoordSystem(const std::string& text);
 // The word of a coordinate system; NED and any unknown value give "NED".
 std::string getCoordSystem(int system);

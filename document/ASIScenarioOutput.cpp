@@ -13,13 +13,6 @@ namespace {
 
 constexpr double kToDeg = 180.0 / M_PI;
 
-int currentYear() {
-  const std::time_t now = std::time(nullptr);
-  std::tm parts{};
-  gmtime_r(&now, &parts);
-  return parts.tm_year + 1900;
-}
-
 }  // namespace
 
 void saveASIScenarioRequired(std::ostream& os, const ScenarioUD& scenario, int system) {
@@ -33,7 +26,7 @@ void saveASIScenarioRequired(std::ostream& os, const ScenarioUD& scenario, int s
   os << "CoordSystem\t\"" << getCoordSystem(system) << "\"\n";
   int year = scenario.referenceYear();
   if (!inputLimitCheck(year, 1970, 2100)) {
-    year = currentYear();
+    year = udCurrentYear();
     writeErrorStreamUD("WARNING!  Incorrect value for Reference Year, value reset to " + std::to_string(year) + "\n");
   }
   os << "ReferenceYear\t" << year << "\n";

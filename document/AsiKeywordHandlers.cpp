@@ -1,11 +1,15 @@
 #include "document/AsiKeywordHandlers.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/Angle.h"
+#include "core/Color.h"
+#include "core/CoordinateConverter.h"
 #include "core/StringUtils.h"
 #include "core/TimeParse.h"
 #include "core/ValidNumber.h"
+#include "core/VectorMath.h"
 #include "datatable/DataTableUtils.h"
 #include "document/ASIOutput.h"
 #include "document/ConvenienceFuncsUD.h"
@@ -29,6 +33,14 @@ void AsiKeywordHandlers::complain_(const std::string& text, unsigned long line) 
 
 bool AsiKeywordHandlers::number_(const std::string& text, double& out) const {
   return orvCore::isValidNumber(text, out, true);
+}
+
+bool AsiKeywordHandlers::flag_(const std::string& text, bool& on) const {
+  // Any unsigned number; nonzero is on.
+  unsigned long value = 0;
+  if (!orvCore::isValidNumber(text, value, true)) return false;
+  on = value != 0;
+  return true;
 }
 
 bool AsiKeywordHandlers::id_(const std::string& text, uint64_t& out) const {
@@ -60,13 +72,9 @@ bool AsiKeywordHandlers::degrees_(const std::string& text, double& out) {
 }
 
 uint32_t AsiKeywordHandlers::color_(const std::string& text) {
-  unsigned int value = 0;
-  if (!orvCore::isValidHexNumber(text, value, false)) {
-    unsigned long plain = 0;
-    if (orvCore::isValidNumber(text, plain, true)) value = static_cast<unsigned int>(plain);
-  }
-  // ASI text gives 0xAABBGGRR; the document keeps the host's 0xRRGGBBAA.
-  return __builtin_bswap32(value);
+  // A name, "0x" hexadecimal or a number, in the 0xAABBGGRR order of ASI
+  // text; the document keeps the host's 0xRRGGBBAA.
+  return UTILS::colorReverseBytes(UTILS::colorGetColorInt(text, true));
 }
 
 int AsiKeywordHandlers::checkNewId_(const std::string& text, const std::string& noun, unsigned long line,
@@ -80,6 +88,18 @@ int AsiKeywordHandlers::checkNewId_(const std::string& text, const std::string& 
     return UD_DUP_ID_ON_LOAD;
   }
   return UD_NO_ERROR;
+}
+
+int AsiKeywordHandlers::checkHostId_(const std::string& text, const std::string& noun, unsigned long line,
+                                      uint64_t& id) const {
+  if (id_(text, id) && id != 0) return UD_NO_ERROR;
+  complain_(noun + " host ID must be > 0.  Line#: ", line);
+  return UD_ILLEGAL_ID_ON_LOAD;
+}
+
+int AsiKeywordHandlers::unknownHost_(const std::string& noun, unsigned long line) const {
+  complain_("ID given does not correspond with a previously specified " + noun + ".  Line#: ", line);
+  return UD_UNKNOWN_OBJECT_ID;
 }
 
 int AsiKeywordHandlers::parse(const Tokens& t, unsigned long line) {
@@ -134,8 +154,8 @@ int AsiKeywordHandlers::parse(const Tokens& t, unsigned long line) {
   if (startsWith(lower, "datatable")) return asiDataTable_(lower, t, line);
   if (startsWith(lower, "laser")) return asiLaser_(lower, t, line);
   if (startsWith(lower, "lob")) return asiLOB_(lower, t, line);
-  if (lower == "genericdata") return asiGenericData_(t, line);
-  if (startsWith(lower, "generic") || startsWith(lower, "event")) return UD_DEPRECATED_USE;
+  if (lower == "genericdata" && scenario_.version() > 6) return asiGenericData_(t, line);
+  if (startsWith(lower, "generic") || startsWith(lower, "event")) return asiGenericDataLegacy_(lower, t, line);
   if (startsWith(lower, "projector")) return asiProjector_(lower, t, line);
   if (lower == "categorydata") return asiCategoryData_(t, line);
   if (lower == "originalid") return asiOriginalID_(t, line);
@@ -160,28 +180,33 @@ int AsiKeywordHandlers::asiRefLLA_(const Tokens& t, unsigned long) {
   return UD_NO_ERROR;
 }
 
+int AsiKeywordHandlers::setReferencePart_() {
+  if (!refLat_ || !refLon_ || !refAlt_) return UD_NO_ERROR;
+  // A part the document refuses is reported; the reference set before stays.
+  const int code = scenario_.setLatLonAlt(ref_[0], ref_[1], ref_[2]);
+  refSet_ = refSet_ || code == UD_NO_ERROR;
+  return code;
+}
+
 int AsiKeywordHandlers::asiRefLat_(const Tokens& t, unsigned long) {
   if (t.size() != 2) return UD_BAD_TOKEN_COUNT;
   if (!degrees_(t[1], ref_[0])) return UD_BAD_SCEN_REFLLA;
   refLat_ = true;
-  if (refLat_ && refLon_ && refAlt_) refSet_ = scenario_.setLatLonAlt(ref_[0], ref_[1], ref_[2]) == 0;
-  return UD_NO_ERROR;
+  return setReferencePart_();
 }
 
 int AsiKeywordHandlers::asiRefLon_(const Tokens& t, unsigned long) {
   if (t.size() != 2) return UD_BAD_TOKEN_COUNT;
   if (!degrees_(t[1], ref_[1])) return UD_BAD_SCEN_REFLLA;
   refLon_ = true;
-  if (refLat_ && refLon_ && refAlt_) refSet_ = scenario_.setLatLonAlt(ref_[0], ref_[1], ref_[2]) == 0;
-  return UD_NO_ERROR;
+  return setReferencePart_();
 }
 
 int AsiKeywordHandlers::asiRefAlt_(const Tokens& t, unsigned long) {
   if (t.size() != 2) return UD_BAD_TOKEN_COUNT;
   if (!number_(t[1], ref_[2])) return UD_BAD_SCEN_REFLLA;
   refAlt_ = true;
-  if (refLat_ && refLon_ && refAlt_) refSet_ = scenario_.setLatLonAlt(ref_[0], ref_[1], ref_[2]) == 0;
-  return UD_NO_ERROR;
+  return setReferencePart_();
 }
 
 int AsiKeywordHandlers::asiCoordSystem_(const Tokens& t, unsigned long) {
@@ -247,7 +272,9 @@ int AsiKeywordHandlers::asiScenario_(const std::string& k, const Tokens& t, unsi
   if (k == "classification") {
     if (t.size() != 2 && t.size() != 3) return UD_BAD_TOKEN_COUNT;
     const std::string label = checkClassification(t[1]);
-    scenario_.setClassification(label.empty() ? t[1] : label, t.size() == 3 ? __builtin_bswap32(color_(t[2])) : 0);
+    // The document keeps the classification colour as ASI text gives it; none is white.
+    scenario_.setClassification(label.empty() ? t[1] : label,
+                                t.size() == 3 ? UTILS::colorGetColorInt(t[2], true) : 0xFFFFFFFFu);
     return UD_NO_ERROR;
   }
   if (k == "dedmap" || k == "dtedmap") return file(EFT_DED_MAP);
@@ -288,6 +315,8 @@ int AsiKeywordHandlers::asiPlatformID_(const Tokens& t, unsigned long line) {
   auto header = std::make_unique<PlatformHeaderUD>(scenario_.dataFormat());
   header->uniqueID = id;
   header->referenceYear = scenario_.referenceYear();
+  // The platform's frame starts as the scenario's frame stands now.
+  header->referenceTimeECI = scenario_.eciReferenceTime();
   auto* platform = new PlatformUD(&scenario_, std::move(header));
   const int code = platform->AddToScenario(&scenario_);
   if (code != 0) delete platform;
@@ -320,53 +349,94 @@ int AsiKeywordHandlers::asiPlatformRCS_(const Tokens& t, unsigned long) {
   return UD_NO_ERROR;
 }
 
+int AsiKeywordHandlers::position_(orvCore::CoordinateSystem system, const Tokens& t, double p[3]) const {
+  const std::string& lat = t[3];
+  const std::string& lon = t[4];
+  if (!number_(t[5], p[2])) return UD_BAD_PLAT_POSITION;
+  if (system != orvCore::LLA || (!scenario_.degreeAngles() && scenario_.version() != 2))
+    return number_(lat, p[0]) && number_(lon, p[1]) ? UD_NO_ERROR : UD_BAD_PLAT_POSITION;
+  // Version 2 wrote radians or degrees without saying which: what radians
+  // cannot hold is read as degrees.
+  if (!scenario_.degreeAngles() && number_(lat, p[0]) && number_(lon, p[1]) && std::fabs(p[0]) <= 2 * M_PI &&
+      std::fabs(p[1]) <= M_PI)
+    return UD_NO_ERROR;
+  if (!degrees_(lat, p[0]) || !degrees_(lon, p[1])) return UD_BAD_PLAT_POSITION;
+  // Longitudes up to a full turn either way, as the command reader allows.
+  if (scenario_.degreeAngles() && (std::fabs(p[0]) > M_PI / 2 || std::fabs(p[1]) > 2 * M_PI))
+    return UD_BAD_PLAT_POSITION;
+  return UD_NO_ERROR;
+}
+
 int AsiKeywordHandlers::asiPlatformData_(PlatformUD& platform, const Tokens& t) {
+  // PlatformData id time x y z [orientation] [speed | velocity [acceleration]].
+  // The orientation is yaw, pitch and roll, or four quaternion components
+  // once "PlatformUsesQuaternion" named their order; the speed column follows.
   const size_t n = t.size();
   if (n < 6) return UD_BAD_TOKEN_COUNT;
   double time = 0;
   if (const int code = time_(t[2], time)) return code;
+  const PlatformHeaderUD& h = *platform.Header();
+  const orvCore::CoordinateSystem system = h.coordSystem;
   double p[3];
-  for (int i = 0; i < 3; ++i)
-    if (!number_(t[3 + i], p[i])) return UD_BAD_PLAT_POSITION;
-  const orvCore::CoordinateSystem system = platform.Header()->coordSystem;
-  double lla[3] = {p[0], p[1], p[2]};
-  if (system == orvCore::LLA) {
-    if (scenario_.degreeAngles()) {
-      lla[0] *= kDeg;
-      lla[1] *= kDeg;
-    }
-  } else {
-    orvCore::Coordinate in(system, orvCore::Vec3(p[0], p[1], p[2]), time < 0 ? 0.0 : time);
-    orvCore::Coordinate out;
-    if (scenario_.converter().convert(in, out, orvCore::LLA) != 0) return UD_BAD_PLAT_POSITION;
-    lla[0] = out.position()[0];
-    lla[1] = out.position()[1];
-    lla[2] = out.position()[2];
-  }
+  if (const int code = position_(system, t, p)) return code;
+
   double ori[3] = {0, 0, 0};
-  const bool hasOri = n >= 9;
-  for (size_t i = 0; i < 3 && 6 + i < n; ++i)
-    if (!angle_(t[6 + i], ori[i])) return UD_BAD_PLAT_ANGLE;
-  udFixOrientationAngles(ori[0], ori[1], ori[2]);
-  if (n == 10) {
-    double speed = 0;
-    if (!number_(t[9], speed)) return UD_BAD_PLAT_VELOCITY;
-    return platform.AddState(time, lla, ori, speed);
+  size_t speedColumn = 9;
+  const auto quaternion = quaternions_.find(platform.UniqueID());
+  if (n >= 10 && quaternion != quaternions_.end()) {
+    speedColumn = 10;
+    double abcd[4], q[4], unit[4];
+    for (size_t i = 0; i < 4; ++i)
+      if (!number_(t[6 + i], abcd[i])) return UD_BAD_PLAT_ANGLE;
+    // The mode names which column holds the first component.
+    for (size_t i = 0; i < 4; ++i) q[i] = abcd[(quaternion->second + i) & 3u];
+    orvCore::dQNorm(q, unit, 1e-9);
+    orvCore::Vec3 euler;
+    orvCore::d3QtoEuler(unit, euler);
+    ori[0] = euler.yaw();
+    ori[1] = euler.pitch();
+    ori[2] = euler.roll();
+  } else {
+    for (size_t i = 0; i < 3 && 6 + i < n; ++i)
+      if (!angle_(t[6 + i], ori[i])) return UD_BAD_PLAT_ANGLE;
   }
-  if (n >= 12) {
-    double v[3], a[3];
-    for (int i = 0; i < 3; ++i)
-      if (!number_(t[9 + i], v[i])) return UD_BAD_PLAT_VELOCITY;
-    if (n == 15) {
-      for (int i = 0; i < 3; ++i)
-        if (!number_(t[12 + i], a[i])) return UD_BAD_PLAT_ACCELERATION;
-      return platform.AddState(time, lla, ori, v, a);
+  const bool hasOri = n > 6;
+
+  double speed = -1.0, v[3] = {0, 0, 0}, a[3] = {0, 0, 0};
+  const bool hasSpeed = n == speedColumn + 1;
+  const bool hasVelocity = n == speedColumn + 3 || n == speedColumn + 6;
+  const bool hasAcceleration = n == speedColumn + 6;
+  if (n > speedColumn && !hasSpeed && !hasVelocity) return UD_BAD_TOKEN_COUNT;
+  if (hasSpeed && !number_(t[speedColumn], speed)) return UD_BAD_PLAT_VELOCITY;
+  for (size_t i = 0; hasVelocity && i < 3; ++i)
+    if (!number_(t[speedColumn + i], v[i])) return UD_BAD_PLAT_VELOCITY;
+  for (size_t i = 0; hasAcceleration && i < 3; ++i)
+    if (!number_(t[speedColumn + 3 + i], a[i])) return UD_BAD_PLAT_ACCELERATION;
+
+  // The document keeps geodetic states with east-north-up velocity: other
+  // frames are converted with their orientation and velocity.
+  double lla[3] = {p[0], p[1], p[2]};
+  if (system != orvCore::LLA) {
+    orvCore::CoordinateConverter converter = scenario_.converter();
+    if (h.hasRefLLA) converter.setReferenceOrigin(h.refLLA[0], h.refLLA[1], h.refLLA[2]);
+    if (h.hasOwnFrame()) converter.setTangentPlaneOffsets(h.tangentPlane[0], h.tangentPlane[1], h.tangentPlane[2]);
+    // An ECI position turns with the earth from the frame's ECI reference time.
+    const double eciTime = time < 0 ? 0.0 : time - h.referenceTimeECI;
+    orvCore::Coordinate in(system, orvCore::Vec3(p[0], p[1], p[2]), orvCore::Vec3(ori[0], ori[1], ori[2]),
+                           orvCore::Vec3(v[0], v[1], v[2]), orvCore::Vec3(a[0], a[1], a[2]), eciTime);
+    orvCore::Coordinate out;
+    if (converter.convert(in, out, orvCore::LLA) != 0) return UD_BAD_PLAT_POSITION;
+    for (int i = 0; i < 3; ++i) {
+      lla[i] = out.position()[i];
+      if (hasOri) ori[i] = out.orientation()[i];
+      v[i] = out.velocity()[i];
+      a[i] = out.acceleration()[i];
     }
-    if (n != 12) return UD_BAD_TOKEN_COUNT;
-    return platform.AddState(time, lla, ori, v, nullptr);
   }
-  if (n != 6 && n != 9) return UD_BAD_TOKEN_COUNT;
-  return platform.AddState(time, lla, hasOri ? ori : nullptr, nullptr, nullptr);
+  udFixOrientationAngles(ori[0], ori[1], ori[2]);
+  if (hasSpeed) return platform.AddState(time, lla, ori, speed);
+  return platform.AddState(time, lla, hasOri ? ori : nullptr, hasVelocity ? v : nullptr,
+                           hasAcceleration ? a : nullptr);
 }
 
 int AsiKeywordHandlers::asiPlatformOther_(const std::string& k, const Tokens& t, unsigned long) {
@@ -379,9 +449,13 @@ int AsiKeywordHandlers::asiPlatformOther_(const std::string& k, const Tokens& t,
   if (k == "platformdata") return asiPlatformData_(*platform, t);
   if (k == "platformname") {
     if (t.size() < 3) return UD_BAD_TOKEN_COUNT;
+    // The words joined by blanks, trimmed, without double quotes; "None" if nothing is left.
     std::string name;
-    for (size_t i = 2; i < t.size(); ++i) name += (i > 2 ? " " : "") + t[i];
-    platform->SetDesc(name);
+    for (size_t i = 2; i < t.size(); ++i) name += t[i] + " ";
+    const size_t first = name.find_first_not_of(" \n\r\t");
+    name = first == std::string::npos ? "" : name.substr(first, name.find_last_not_of(" \n\r\t") - first + 1);
+    name.erase(std::remove(name.begin(), name.end(), '"'), name.end());
+    platform->SetDesc(name.empty() ? "None" : name);
     return UD_NO_ERROR;
   }
   if (k == "platformicon") {
@@ -396,7 +470,9 @@ int AsiKeywordHandlers::asiPlatformOther_(const std::string& k, const Tokens& t,
   }
   if (k == "platforminterpolate" || k == "platforminterpolateori") {
     if (!need(3)) return UD_BAD_TOKEN_COUNT;
-    platform->setInterpolate(t[2] != "0");
+    bool on = false;
+    if (!flag_(t[2], on)) return UD_BAD_NUMBER;
+    platform->setInterpolate(on);
     return UD_NO_ERROR;
   }
   if (k == "platformoffset" || k == "platformorioffset") {
@@ -462,24 +538,23 @@ int AsiKeywordHandlers::asiPlatformOther_(const std::string& k, const Tokens& t,
     else return UD_BAD_PLAT_MAGNETIC_VARIANCE;
     return UD_NO_ERROR;
   }
-  if (k == "platformusesquaternion") return UD_NO_ERROR;
+  if (k == "platformusesquaternion") {
+    unsigned int type = 0;
+    if (!need(3)) return UD_BAD_TOKEN_COUNT;
+    if (!orvCore::isValidNumber(t[2], type, true) || type > 3) return UD_BAD_NUMBER;
+    quaternions_[id] = type;
+    return UD_NO_ERROR;
+  }
   return UD_UNKNOWN_KEYWORD;
 }
 
 int AsiKeywordHandlers::asiBeamID_(const Tokens& t, unsigned long line) {
   if (t.size() != 3) return UD_BAD_TOKEN_COUNT;
-  uint64_t hostId = 0;
-  if (!id_(t[1], hostId) || hostId == 0) {
-    complain_("Platform host ID must be > 0.  Line#: ", line);
-    return UD_ILLEGAL_ID_ON_LOAD;
-  }
-  uint64_t id = 0;
+  uint64_t hostId = 0, id = 0;
+  if (const int code = checkHostId_(t[1], "Platform", line, hostId)) return code;
   if (const int code = checkNewId_(t[2], "Beam", line, id)) return code;
   PlatformUD* host = scenario_.findPlatform(hostId);
-  if (host == nullptr) {
-    complain_("ID given does not correspond with a previously specified platform.  Line#: ", line);
-    return UD_UNKNOWN_OBJECT_ID;
-  }
+  if (host == nullptr) return unknownHost_("platform", line);
   auto header = std::make_unique<BeamHeaderUD>();
   header->uniqueID = id;
   auto* beam = new BeamUD(&scenario_, host, std::move(header));
@@ -496,8 +571,14 @@ int AsiKeywordHandlers::asiBeamOther_(const std::string& k, const Tokens& t, uns
   BeamHeaderUD& h = *beam->Header();
   double v = 0;
   auto degreesArg = [&](double& out) { return t.size() == 3 && number_(t[2], v) ? (out = v * kDeg, true) : false; };
-  if (k == "vertbw") return degreesArg(h.vbw) ? UD_NO_ERROR : UD_BAD_BEAM_WIDTH;
-  if (k == "horzbw") return degreesArg(h.hbw) ? UD_NO_ERROR : UD_BAD_BEAM_WIDTH;
+  if (k == "vertbw" || k == "horzbw") {
+    double& width = k == "vertbw" ? h.vbw : h.hbw;
+    if (!degreesArg(width)) return UD_BAD_BEAM_WIDTH;
+    if (std::fabs(v) >= 1e-6) return UD_NO_ERROR;
+    // A width of nothing: one degree high, all around wide.
+    width = (k == "vertbw" ? 1.0 : 360.0) * kDeg;
+    return UD_BAD_BEAM_WIDTH;
+  }
   if (k == "azimoffset") return degreesArg(h.azimOffset) ? UD_NO_ERROR : UD_BAD_BEAM_OFFSET;
   if (k == "elevoffset") return degreesArg(h.elevOffset) ? UD_NO_ERROR : UD_BAD_BEAM_OFFSET;
   if (k == "rolloffset") return degreesArg(h.rollOffset) ? UD_NO_ERROR : UD_BAD_BEAM_OFFSET;
@@ -513,7 +594,9 @@ int AsiKeywordHandlers::asiBeamOther_(const std::string& k, const Tokens& t, uns
   }
   if (k == "beaminterpolate" || k == "beaminterpolatepos") {
     if (t.size() != 3) return UD_BAD_TOKEN_COUNT;
-    beam->setInterpolate(t[2] != "0");
+    bool on = false;
+    if (!flag_(t[2], on)) return UD_BAD_NUMBER;
+    beam->setInterpolate(on);
     return UD_NO_ERROR;
   }
   if (k == "beamtype") {
@@ -563,20 +646,22 @@ int AsiKeywordHandlers::asiBeamOther_(const std::string& k, const Tokens& t, uns
   double time = 0;
   if (const int code = time_(t[2], time)) return code;
   if (k == "beamonoffcmd") {
-    beam->AddOnOffCmd(time, t[3] != "0");
+    bool on = false;
+    if (!flag_(t[3], on)) return UD_BAD_NUMBER;
+    beam->AddOnOffCmd(time, on);
     return UD_NO_ERROR;
   }
   if (k == "beamcolorcmd") {
     beam->AddColorCmd(time, color_(t[3]));
     return UD_NO_ERROR;
   }
-  if (k == "beamtargetidcmd") {
+  // "BeamTargetCmd" reads as "BeamTargetIDCmd": its target is a number too.
+  if (k == "beamtargetidcmd" || k == "beamtargetcmd") {
     uint64_t target = 0;
     if (!id_(t[3], target)) return UD_BAD_NUMBER;
     beam->AddTargetCmd(time, target);
     return UD_NO_ERROR;
   }
-  if (k == "beamtargetcmd") return UD_DEPRECATED_TARGET;
   if (k == "beamdatarae") {
     double az = 0, el = 0, range = 0;
     if (t.size() != 6) return UD_BAD_BEAM_DATA_COUNT;
@@ -585,24 +670,37 @@ int AsiKeywordHandlers::asiBeamOther_(const std::string& k, const Tokens& t, uns
     if (!number_(t[5], range)) return UD_BAD_BEAM_RANGE;
     return beam->AddState(time, range, orvCore::angFix(az, orvCore::AE_ZERO_TWOPI), el);
   }
-  if (k == "beamdata" || k == "beamdatabody" || k == "beamdatatarget") return UD_DEPRECATED;
+  if (k == "beamdata") {
+    // BeamData id time colour [length body | az el length [body]], or
+    // "target" after the colour: the line also sets the beam's type.
+    const size_t n = t.size();
+    if (n < 5 || n > 8) return UD_BAD_BEAM_DATA_COUNT;
+    const auto word = [&t, n](size_t i, const char* text) { return i < n && orvCore::caseCompare(t[i], text) == 0; };
+    const bool body = (n >= 6 && word(5, "body")) || (n == 8 && word(7, "body"));
+    beam->SetBeamType(word(4, "target") ? BEAM_TARGET : body ? BEAM_BODY : BEAM_ABSOLUTE);
+    beam->AddColorCmd(time, color_(t[3]));
+    double az = 0, el = 0, range = 0;
+    if (n == 6 && body) {
+      if (!number_(t[4], range)) return UD_BAD_BEAM_RANGE;
+      return beam->AddState(time, range, 0.0, 0.0);
+    }
+    if (n < 7) return UD_NO_ERROR;
+    if (!angle_(t[4], az)) return UD_BAD_BEAM_AZIMUTH;
+    if (!angle_(t[5], el)) return UD_BAD_BEAM_ELEVATION;
+    if (!number_(t[6], range)) return UD_BAD_BEAM_RANGE;
+    return beam->AddState(time, range, orvCore::angFix(az, orvCore::AE_ZERO_TWOPI), el);
+  }
+  if (k == "beamdatabody" || k == "beamdatatarget") return UD_DEPRECATED;
   return UD_UNKNOWN_KEYWORD;
 }
 
 int AsiKeywordHandlers::asiGateID_(const Tokens& t, unsigned long line) {
   if (t.size() != 3) return UD_BAD_TOKEN_COUNT;
-  uint64_t hostId = 0;
-  if (!id_(t[1], hostId) || hostId == 0) {
-    complain_("Beam host ID must be > 0.  Line#: ", line);
-    return UD_ILLEGAL_ID_ON_LOAD;
-  }
-  uint64_t id = 0;
+  uint64_t hostId = 0, id = 0;
+  if (const int code = checkHostId_(t[1], "Beam", line, hostId)) return code;
   if (const int code = checkNewId_(t[2], "Gate", line, id)) return code;
   BeamUD* host = scenario_.findBeam(hostId);
-  if (host == nullptr) {
-    complain_("ID given does not correspond with a previously specified beam.  Line#: ", line);
-    return UD_UNKNOWN_OBJECT_ID;
-  }
+  if (host == nullptr) return unknownHost_("beam", line);
   auto header = std::make_unique<GateHeaderUD>();
   header->uniqueID = id;
   auto* gate = new GateUD(&scenario_, host, std::move(header));
@@ -629,7 +727,9 @@ int AsiKeywordHandlers::asiGateOther_(const std::string& k, const Tokens& t, uns
     return UD_NO_ERROR;
   }
   if (k == "gateinterpolate" || k == "gateinterpolatepos") {
-    gate->setInterpolate(t[2] != "0");
+    bool on = false;
+    if (!flag_(t[2], on)) return UD_BAD_NUMBER;
+    gate->setInterpolate(on);
     return UD_NO_ERROR;
   }
   if (k == "gateazimoffset" || k == "gateelevoffset" || k == "gaterolloffset") {
@@ -641,7 +741,9 @@ int AsiKeywordHandlers::asiGateOther_(const std::string& k, const Tokens& t, uns
   double time = 0;
   if (const int code = time_(t[2], time)) return code;
   if (k == "gateonoffcmd") {
-    gate->AddOnOffCmd(time, t[3] != "0");
+    bool on = false;
+    if (!flag_(t[3], on)) return UD_BAD_NUMBER;
+    gate->AddOnOffCmd(time, on);
     return UD_NO_ERROR;
   }
   if (k == "gatecolorcmd") {
@@ -666,12 +768,13 @@ int AsiKeywordHandlers::asiGateOther_(const std::string& k, const Tokens& t, uns
 
 int AsiKeywordHandlers::asiCustomRendering_(const Tokens& t, unsigned long line) {
   if (t.size() != 5) return UD_BAD_TOKEN_COUNT;
+  // Host 0: an object of the scenario, on no platform.
   uint64_t hostId = 0;
-  if (!id_(t[1], hostId)) return UD_ILLEGAL_ID_ON_LOAD;
+  if (!id_(t[1], hostId)) return checkHostId_(t[1], "Platform", line, hostId);
   uint64_t id = 0;
   if (const int code = checkNewId_(t[2], "Custom Rendering", line, id)) return code;
   PlatformUD* host = hostId == 0 ? nullptr : scenario_.findPlatform(hostId);
-  if (hostId != 0 && host == nullptr) return UD_UNKNOWN_OBJECT_ID;
+  if (hostId != 0 && host == nullptr) return unknownHost_("platform", line);
   auto header = std::make_unique<CustomRenderingHeaderUD>();
   header->uniqueID = id;
   header->desc = t[3];
@@ -761,8 +864,9 @@ int AsiKeywordHandlers::asiLaser_(const std::string& k, const Tokens& t, unsigne
   if (k == "laser") {
     if (t.size() != 4) return UD_BAD_TOKEN_COUNT;
     uint64_t hostId = 0, id = 0;
-    if (!id_(t[1], hostId)) return UD_ILLEGAL_ID_ON_LOAD;
+    if (const int code = checkHostId_(t[1], "Platform", line, hostId)) return code;
     if (const int code = checkNewId_(t[2], "Laser", line, id)) return code;
+    if (scenario_.findPlatform(hostId) == nullptr) return unknownHost_("platform", line);
     return scenario_.addLaser(hostId, id, t[3]);
   }
   if (t.size() < 3) return UD_BAD_TOKEN_COUNT;
@@ -783,15 +887,20 @@ int AsiKeywordHandlers::asiLaser_(const std::string& k, const Tokens& t, unsigne
     return UD_NO_ERROR;
   }
   if (k == "laserazelbody") {
-    laser.setAzElBodyFlag(t[2] != "0");
+    bool on = false;
+    if (!flag_(t[2], on)) return UD_LASER_ERROR;
+    laser.setAzElBodyFlag(on);
     return UD_NO_ERROR;
   }
   if (t.size() < 4) return UD_BAD_TOKEN_COUNT;
   double time = 0, a = 0, b = 0, c = 0;
   if (const int code = time_(t[2], time)) return code;
-  if (k == "laseron") laser.addOnOffDataPoint(time, t[3] != "0");
+  bool on = false;
+  if (k == "laseron" && flag_(t[3], on)) laser.addOnOffDataPoint(time, on);
   else if (k == "lasercolor") laser.addColorDataPoint(time, color_(t[3]));
-  else if (k == "laserwidth" && number_(t[3], a)) laser.addWidthDataPoint(time, static_cast<int32_t>(a));
+  // A width in pixels: anything that no 32-bit integer holds is refused.
+  else if (k == "laserwidth" && number_(t[3], a) && std::fabs(a) < 2147483647.0)
+    laser.addWidthDataPoint(time, static_cast<int32_t>(a));
   else if (k == "lasermaxrange" && number_(t[3], a)) laser.addMaxRangeDataPoint(time, a);
   else if (k == "laserori" && t.size() == 6 && angle_(t[3], a) && angle_(t[4], b) && angle_(t[5], c))
     laser.addOriDataPoint(time, a, b, c);
@@ -805,10 +914,10 @@ int AsiKeywordHandlers::asiLOB_(const std::string& k, const Tokens& t, unsigned 
   if (k == "lobid") {
     if (t.size() != 3) return UD_BAD_TOKEN_COUNT;
     uint64_t hostId = 0, id = 0;
-    if (!id_(t[1], hostId) || hostId == 0) return UD_ILLEGAL_ID_ON_LOAD;
+    if (const int code = checkHostId_(t[1], "Platform", line, hostId)) return code;
     if (const int code = checkNewId_(t[2], "LOB", line, id)) return code;
     PlatformUD* host = scenario_.findPlatform(hostId);
-    if (host == nullptr) return UD_UNKNOWN_OBJECT_ID;
+    if (host == nullptr) return unknownHost_("platform", line);
     auto header = std::make_unique<LOBGroupHeaderUD>();
     header->uniqueID = id;
     auto* group = new LOBGroupUD(&scenario_, host, std::move(header));
@@ -856,12 +965,17 @@ int AsiKeywordHandlers::asiLOB_(const std::string& k, const Tokens& t, unsigned 
   return UD_UNKNOWN_KEYWORD;
 }
 
-int AsiKeywordHandlers::asiProjector_(const std::string& k, const Tokens& t, unsigned long) {
+int AsiKeywordHandlers::asiProjector_(const std::string& k, const Tokens& t, unsigned long line) {
   if (k == "projector") {
     if (t.size() != 4) return UD_BAD_TOKEN_COUNT;
     uint64_t hostId = 0, id = 0;
-    if (!id_(t[1], hostId) || !id_(t[2], id) || id == 0) return UD_PROJECTOR_ERROR;
-    if (scenario_.findObject(hostId) == nullptr) return UD_UNKNOWN_OBJECT_ID;
+    if (const int code = checkHostId_(t[1], "Platform", line, hostId)) return code;
+    if (const int code = checkNewId_(t[2], "Projector", line, id)) return code;
+    if (scenario_.GetProjectorManager().findProjector(id) != nullptr) {
+      complain_("Projector ID is not unique.  It has already been used.  Line#: ", line);
+      return UD_DUP_ID_ON_LOAD;
+    }
+    if (scenario_.findObject(hostId) == nullptr) return unknownHost_("platform", line);
     return scenario_.AddProjector(id, hostId, t[3]) ? UD_NO_ERROR : UD_PROJECTOR_ERROR;
   }
   if (t.size() < 3) return UD_BAD_TOKEN_COUNT;
@@ -869,12 +983,17 @@ int AsiKeywordHandlers::asiProjector_(const std::string& k, const Tokens& t, uns
   Projector* projector = id_(t[1], id) ? scenario_.GetProjectorManager().findProjector(id) : nullptr;
   if (projector == nullptr) return UD_PROJECTOR_ERROR;
   if (k == "projectorrasterfile") projector->setRasterFileName(t[2]);
-  else if (k == "projectorinterpolatefov") projector->setInterpolateFov(t[2] != "0");
+  else if (k == "projectorinterpolatefov") {
+    bool on = false;
+    if (!flag_(t[2], on)) return UD_PROJECTOR_ERROR;
+    projector->setInterpolateFov(on);
+  }
   else {
     double time = 0, value = 0;
     if (t.size() != 4) return UD_BAD_TOKEN_COUNT;
     if (const int code = time_(t[2], time)) return code;
-    if (k == "projectoron") projector->addOnOffDataPoint(time, t[3] != "0");
+    bool on = false;
+    if (k == "projectoron" && flag_(t[3], on)) projector->addOnOffDataPoint(time, on);
     else if (k == "projectorfov" && angle_(t[3], value)) projector->addFovDataPoint(time, value);
     else return UD_PROJECTOR_ERROR;
   }
@@ -897,7 +1016,50 @@ int AsiKeywordHandlers::asiGenericData_(const Tokens& t, unsigned long) {
   if (!id_(t[1], id)) return UD_BAD_GENERIC_VALUES;
   if (const int code = time_(t[4], time)) return code;
   if (t.size() == 6 && !number_(t[5], expire)) return UD_BAD_GENERIC_VALUES;
+  // Animated lines of the older forms: the bare "AnimatedLine" tag, and from
+  // version 8 an "entity=" key where "entityid=" is meant.
+  const std::string tag = orvCore::lowerCase(t[2]);
+  if (startsWith(tag, "animatedline")) return UD_DEPRECATED_USE;
+  if (scenario_.version() > 7 && startsWith(tag, "orvide_animatedline") &&
+      t[3].find("entity=") != std::string::npos)
+    return UD_DEPRECATED_ENTITY;
   return scenario_.addGenericData(id, t[2], t[3], time, expire);
+}
+
+int AsiKeywordHandlers::asiGenericDataLegacy_(const std::string& k, const Tokens& t, unsigned long) {
+  // Events and the generic data of files up to version 6 name their object
+  // by a number of their own that a "...RefID" line ties to an entity.
+  if (k == "eventobjid" || k == "genericobjid") return UD_NO_ERROR;
+  const bool event = startsWith(k, "event");
+  std::map<uint64_t, uint64_t>& refs = event ? eventRefs_ : genericRefs_;
+  if (k == "eventobjrefid" || k == "genericobjrefid") {
+    uint64_t id = 0, hostId = 0;
+    if (t.size() != 3) return UD_BAD_TOKEN_COUNT;
+    if (!id_(t[1], id) || !id_(t[2], hostId)) return UD_BAD_NUMBER;
+    if (!refs.emplace(id, hostId).second) return UD_DUP_ID_ON_LOAD;
+    return UD_NO_ERROR;
+  }
+  if (k != "eventdata" && k != "genericdata") return UD_UNKNOWN_KEYWORD;
+  // EventData id value time [end]; GenericData id tag value time [expire].
+  const size_t first = event ? 4 : 5;
+  if (t.size() != first && t.size() != first + 1) return UD_BAD_TOKEN_COUNT;
+  uint64_t id = 0;
+  auto ref = id_(t[1], id) ? refs.find(id) : refs.end();
+  if (ref == refs.end()) return UD_UNKNOWN_OBJECT_ID;
+  double time = 0, extra = -1;
+  if (const int code = time_(t[first - 1], time)) return code;
+  if (t.size() == first + 1) {
+    if (event) {
+      if (const int code = time_(t[first], extra)) return code;
+      extra -= time;
+    } else if (!number_(t[first], extra)) {
+      return UD_BAD_GENERIC_VALUES;
+    }
+  }
+  // An expiry outside (0, 99999998) seconds is none.
+  const double expire = extra > 0 && extra < 99999998 ? extra : -1;
+  return event ? scenario_.addGenericData(ref->second, "EVENT", t[2], time, expire)
+               : scenario_.addGenericData(ref->second, t[2], t[3], time, expire);
 }
 
 int AsiKeywordHandlers::asiOriginalID_(const Tokens& t, unsigned long) {

@@ -24,6 +24,8 @@ class AsiKeywordHandlers {
   int asiRefLat_(const Tokens& t, unsigned long line);
   int asiRefLon_(const Tokens& t, unsigned long line);
   int asiRefAlt_(const Tokens& t, unsigned long line);
+  // Sets the reference point once RefLat, RefLon and RefAlt have all come.
+  int setReferencePart_();
   int asiCoordSystem_(const Tokens& t, unsigned long line);
   int asiScenario_(const std::string& keyword, const Tokens& t, unsigned long line);
   int asiPlatformID_(const Tokens& t, unsigned long line);
@@ -32,6 +34,8 @@ class AsiKeywordHandlers {
   int asiPlatformRCS_(const Tokens& t, unsigned long line);
   int asiPlatformOther_(const std::string& keyword, const Tokens& t, unsigned long line);
   int asiPlatformData_(PlatformUD& platform, const Tokens& t);
+  // PlatformData's position columns (tokens 3 to 5) in the platform's frame.
+  int position_(orvCore::CoordinateSystem system, const Tokens& t, double p[3]) const;
   int asiBeamID_(const Tokens& t, unsigned long line);
   int asiBeamOther_(const std::string& keyword, const Tokens& t, unsigned long line);
   int asiGateID_(const Tokens& t, unsigned long line);
@@ -44,12 +48,18 @@ class AsiKeywordHandlers {
   int asiProjector_(const std::string& keyword, const Tokens& t, unsigned long line);
   int asiCategoryData_(const Tokens& t, unsigned long line);
   int asiGenericData_(const Tokens& t, unsigned long line);
+  int asiGenericDataLegacy_(const std::string& keyword, const Tokens& t, unsigned long line);
   int asiOriginalID_(const Tokens& t, unsigned long line);
 
   // A new id for an object of `noun`: 43 for 0, 42 when taken, after the message.
   int checkNewId_(const std::string& text, const std::string& noun, unsigned long line, uint64_t& id);
+  // The host of a new object: 43 for 0, after "<noun> host ID must be > 0."
+  int checkHostId_(const std::string& text, const std::string& noun, unsigned long line, uint64_t& id) const;
+  // 44, after the message that no such host (a "platform", a "beam") was given.
+  int unknownHost_(const std::string& noun, unsigned long line) const;
   bool number_(const std::string& text, double& out) const;
   bool id_(const std::string& text, uint64_t& out) const;
+  bool flag_(const std::string& text, bool& on) const;
   // A time of the file: 53 when malformed.
   int time_(const std::string& text, double& out) const;
   // An angle argument: degrees with DegreeAngles, else radians.
@@ -65,4 +75,8 @@ class AsiKeywordHandlers {
   bool coordSet_ = false;
   double ref_[3] = {0.0, 0.0, 0.0};
   std::map<uint64_t, DataTable*> tables_;
+  // Platforms whose orientation comes as a quaternion: the column order (0 to 3).
+  std::map<uint64_t, unsigned int> quaternions_;
+  // Event and old generic-data numbers -> the entity they belong to.
+  std::map<uint64_t, uint64_t> eventRefs_, genericRefs_;
 };

@@ -100,7 +100,7 @@ bool AsiScenarioFile::load_(const std::string& path, std::vector<std::string>& i
     issues.push_back(unknown);
     return false;
   }
-  PICommon::notify(entry->notice + path + "\n", PICommon::PI_NOTIFY_INFO, "");
+  PICommon::notify(entry->notice + path, PICommon::PI_NOTIFY_INFO, "");
   std::ostringstream errors;
   std::ostream* previous = setErrorStreamUD(&errors);
   const int result = entry->load(path, *scenario_, progress_);
@@ -173,8 +173,9 @@ bool AsiScenarioFile::transmitScenario(const std::string& path, const orvCore::T
   using Stage = void (AsiScenarioFile::*)(const TimeWindowUD&);
   static const Stage stages[] = {&AsiScenarioFile::transmitPlatformData_, &AsiScenarioFile::transmitBeamData_,
                                  &AsiScenarioFile::transmitGateData_,     &AsiScenarioFile::transmitLaserData_,
-                                 &AsiScenarioFile::transmitLobGroupData_, &AsiScenarioFile::transmitGenericData_,
-                                 &AsiScenarioFile::transmitDataTables_,   &AsiScenarioFile::transmitProjectors_};
+                                 &AsiScenarioFile::transmitLobGroupData_, &AsiScenarioFile::transmitCustomRenderings_,
+                                 &AsiScenarioFile::transmitGenericData_,  &AsiScenarioFile::transmitDataTables_,
+                                 &AsiScenarioFile::transmitProjectors_};
   for (Stage stage : stages) {
     if (canceled_()) return true;
     (this->*stage)(window);

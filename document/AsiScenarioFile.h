@@ -71,6 +71,8 @@ class AsiScenarioFile {
   void transmitGateData_(const TimeWindowUD& window);
   void transmitLaserData_(const TimeWindowUD& window);
   void transmitLobGroupData_(const TimeWindowUD& window);
+  // Custom rendering objects go out before the data tables that hang on them.
+  void transmitCustomRenderings_(const TimeWindowUD& window);
   void transmitGenericData_(const TimeWindowUD& window);
   void transmitDataTables_(const TimeWindowUD& window);
   void transmitProjectors_(const TimeWindowUD& window);
@@ -82,6 +84,12 @@ class AsiScenarioFile {
   bool transmitDataTable_(const DataTableList& list, DataTable& table, const TimeWindowUD& window);
 
   void remember_(uint64_t id, uint64_t originalId, uint64_t hostId);
+  // The host platform that an earlier file sent under the same id and
+  // original id (or any original id when this file gives none), if the host
+  // still has it under the same name: an appended file continues it (a live
+  // feed split into files). Importers number their objects from 1 in every
+  // file, so the name keeps unrelated platforms apart.
+  uint64_t sameHostPlatform_(const PlatformHeaderUD& h) const;
   std::string convertGenericEntityId_(const std::string& value) const;
 
   ImporterTable importers_;

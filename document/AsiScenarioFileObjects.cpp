@@ -17,6 +17,9 @@ constexpr size_t POINT_BATCH = 4096;
 
 void tellError(const std::string& text) { PICommon::notify(text, PICommon::PI_NOTIFY_ERROR, ""); }
 
+// The name an object is sent under: "Unknown" when it has none.
+std::string getName(const std::string& name) { return name.empty() ? "Unknown" : name; }
+
 // Document states are geodetic (radians, metres) with east-north-up velocity,
 // which is the host's LLA frame.
 PIData::PIPlatformPoint platformPoint(const MotionStateUD& s, bool hasOrientation) {
@@ -119,50 +122,85 @@ void AsiScenarioFile::transmitPlatformData_(const TimeWindowUD& window) {
     if (!motion->hasOrientation()) motion->CalculateFlightPathAnglePitch();
     const bool oriented = motion->hasOrientation();
 
-    std::vector<PIData::PIPlatformPoint> points;
     const auto range = getAtOrInBetweenBeginAndEndIterators(motion->states(), window);
-    const bool isStatic = motion->Size() == 1 && motion->states().begin()->first == -1.0;
+    const bool isStatic = motion->Size() == 1 && motion->StartTime() == -1.0;
     // At the window's edges the interpolated states stand for the states
     // beyond them, so the host sees the platform exactly where the window opens
     // and closes.
-    const bool openAtMin = !isStatic && window.hasMin && range.first != range.second && range.first->first < window.min;
+    const bool openAtMin = !isStatic && window.hasMin && range.first != range.second && range.first->time < window.min;
     const bool closeAtMax = !isStatic && window.hasMax && motion->EndTime() > window.max && motion->StartTime() < window.max;
+    std::vector<PIData::PIPlatformPoint> edges;  // the opening edge first, if any
     MotionStateUD edge;
-    if (openAtMin && platform.GetState(window.min, edge)) {
+    const bool hasOpening = openAtMin && platform.GetState(window.min, edge);
+    if (hasOpening) {
       edge.time = window.min;
-      points.push_back(platformPoint(edge, oriented));
+      edges.push_back(platformPoint(edge, oriented));
     }
-    for (auto it = range.first; it != range.second; ++it) {
-      if (openAtMin && it->first < window.min) continue;
-      if (closeAtMax && it->first >= window.max) continue;
-      points.push_back(platformPoint(it->second, oriented));
-    }
+    auto first = range.first;
+    auto last = range.second;
+    while (openAtMin && first != last && first->time < window.min) ++first;
+    while (closeAtMax && first != last && std::prev(last)->time >= window.max) --last;
     if (closeAtMax && platform.GetState(window.max, edge)) {
       edge.time = window.max;
-      points.push_back(platformPoint(edge, oriented));
+      edges.push_back(platformPoint(edge, oriented));
     }
-    if (points.empty()) continue;
+    // The points are made as they are sent rather than gathered first: a
+    // platform's states are not held twice in the host's form.
+    const size_t states = static_cast<size_t>(last - first);
+    const size_t total = edges.size() + states;
+    auto pointAt = [&](size_t i) {
+      if (hasOpening && i == 0) return edges.front();
+      if (hasOpening) --i;
+      return i < states ? platformPoint(first[static_cast<std::ptrdiff_t>(i)], oriented) : edges.back();
+    };
+    if (total == 0) continue;
 
     const PlatformHeaderUD& h = *platform.Header();
-    PIData::PIPlatformHeader header;
-    header.name = h.callSign;
-    header.iconName = h.iconName;
-    header.originalId = h.originalID;
-    const uint64_t hostId = PIData::createPlatform(header, points.front());
-    if (hostId == 0) {
-      tellError("Unable to create platform <" + h.callSign + ">.\n");
-      continue;
+    size_t next = 0;
+    uint64_t hostId = sameHostPlatform_(h);
+    if (hostId != 0) {
+      // An appended file continues the earlier file's platform; its static
+      // point is there already.
+      while (next < total && pointAt(next).time == -1.0) ++next;
+    } else {
+      PIData::PIPlatformHeader header;
+      header.name = getName(h.callSign);
+      header.iconName = h.iconName;
+      header.originalId = h.originalID;
+      hostId = PIData::createPlatform(header, pointAt(0));
+      if (hostId == 0) {
+        tellError("Unable to create platform <" + h.callSign + ">.\n");
+        continue;
+      }
+      remember_(h.uniqueID, h.originalID, hostId);
+      next = 1;
     }
-    remember_(h.uniqueID, h.originalID, hostId);
-    size_t next = 1;
-    while (next < points.size()) {
-      const size_t count = std::min(POINT_BATCH, points.size() - next);
-      PIData::addDataPoints(hostId, std::vector<PIData::PIPlatformPoint>(points.begin() + next,
-                                                                         points.begin() + next + count));
+    std::vector<PIData::PIPlatformPoint> batch;
+    while (next < total) {
+      const size_t count = std::min(POINT_BATCH, total - next);
+      batch.clear();
+      for (size_t i = next; i < next + count; ++i) batch.push_back(pointAt(i));
+      PIData::addDataPoints(hostId, batch);
       next += count;
     }
     transmitCategoryData_(hostId, platform.categoryData(), window);
+    // Nothing later in the transmission reads a platform's states (beams,
+    // gates and LOB groups find their host by id), and the document is
+    // dropped with the next file: freeing them now keeps the document's and
+    // the host's copy of a long file from being held at their peaks together.
+    motion->flush();
   }
+}
+
+uint64_t AsiScenarioFile::sameHostPlatform_(const PlatformHeaderUD& h) const {
+  // A later file of a feed may leave out the original id (0): the id and the
+  // name still tie it to the earlier platform.
+  for (auto it = ids_.lower_bound({h.uniqueID, 0}); it != ids_.end() && it->first.first == h.uniqueID; ++it) {
+    if (h.originalID != 0 && it->first.second != h.originalID) continue;
+    PIData::PIPlatformHeader header;
+    if (PIData::getHeader(it->second, header) && header.name == h.callSign) return it->second;
+  }
+  return 0;
 }
 
 void AsiScenarioFile::transmitBeamData_(const TimeWindowUD& window) {
@@ -183,10 +221,10 @@ void AsiScenarioFile::transmitBeamData_(const TimeWindowUD& window) {
     std::vector<PIData::PIBeamPoint> points;
     if (const auto* motion = dynamic_cast<const LinearBeamMotionUD*>(beam.motion())) {
       const auto range = getAtOrInBetweenBeginAndEndIterators(motion->states(), window);
-      for (auto it = range.first; it != range.second; ++it) points.push_back(beamPoint(it->second));
+      for (auto it = range.first; it != range.second; ++it) points.push_back(beamPoint(*it));
     }
     PIData::PIBeamHeader header;
-    header.name = h.desc;
+    header.name = getName(h.desc);
     header.azimuthOffset = h.azimOffset;
     header.elevationOffset = h.elevOffset;
     header.horizontalWidth = h.hbw;
@@ -200,11 +238,14 @@ void AsiScenarioFile::transmitBeamData_(const TimeWindowUD& window) {
       continue;
     }
     remember_(h.uniqueID, h.originalID, hostId);
+    // The first point went in with the header; like every later one it is
+    // sent as data, after the beam's data are cleared.
+    PIData::flushEntityData(hostId, PIData::PI_FLUSH_ALL);
     sendAntenna(hostId, h);
     if (!h.arepsFiles.empty() && (PIORVIDE::runningInORVIDE() || PIORVIDE::runningInORVIDE10()) &&
         PIORVIDE::rfpropSetInputFiles(hostId, h.arepsFiles) != 0)
       tellError("rfpropSetInputFiles():  Error occurred loading AREPSPattern input files.\n");
-    for (size_t next = 1; next < points.size(); ++next) PIData::addDataPoint(hostId, points[next]);
+    for (const PIData::PIBeamPoint& point : points) PIData::addDataPoint(hostId, point);
     transmitActiveMapAndTargets_(hostId, beam, window);
     transmitColorMap_(hostId, beam, window);
     transmitCategoryData_(hostId, beam.categoryData(), window);
@@ -229,10 +270,10 @@ void AsiScenarioFile::transmitGateData_(const TimeWindowUD& window) {
     std::vector<PIData::PIGatePoint> points;
     if (const LinearGateMotionUD* motion = gate.Motion()) {
       const auto range = getAtOrInBetweenBeginAndEndIterators(motion->states(), window);
-      for (auto it = range.first; it != range.second; ++it) points.push_back(gatePoint(it->second));
+      for (auto it = range.first; it != range.second; ++it) points.push_back(gatePoint(*it));
     }
     PIData::PIGateHeader header;
-    header.name = h.desc;
+    header.name = getName(h.desc);
     header.gateType = h.gateType;
     header.originalId = h.originalID;
     const uint64_t hostId = PIData::createGate(beamId, header, points.empty() ? nullptr : &points.front(), false);
@@ -262,7 +303,7 @@ void AsiScenarioFile::transmitLobGroupData_(const TimeWindowUD& window) {
       continue;
     }
     PIData::PILobHeader header;
-    header.name = h.description;
+    header.name = getName(h.description);
     header.originalId = h.originalID;
     header.type = h.type == UTILS::LOB_RELATIVE ? PIData::PI_LOB_RELATIVE : PIData::PI_LOB_ABSOLUTE;
     const uint64_t hostId = PIData::createLob(platformId, header);
@@ -297,6 +338,35 @@ void AsiScenarioFile::transmitLobGroupData_(const TimeWindowUD& window) {
     transmitActiveMap_(hostId, group, window);
     transmitColorMap_(hostId, group, window);
     transmitCategoryData_(hostId, group.categoryData(), window);
+  }
+}
+
+// Importers hang data on custom rendering objects (the OTG loader's
+// uncertainty ellipses): the objects must reach the host before their tables.
+// They are not counted among the transmissions of the progress dialog.
+void AsiScenarioFile::transmitCustomRenderings_(const TimeWindowUD& window) {
+  for (const auto& entry : scenario_->customRenderings()) {
+    if (canceled_()) return;
+    const CustomRenderingUD& object = *entry.second;
+    const CustomRenderingHeaderUD& h = *object.Header();
+    const uint64_t platformId = object.host() ? getPluginId_(object.host()->UniqueID()) : 0;
+    if (object.host() != nullptr && platformId == 0) {
+      tellError("Unable to find custom rendering host for <" + h.desc + ">.\n");
+      continue;
+    }
+    PIData::PICustomRenderingHeader header;
+    header.name = getName(h.desc);
+    header.rendererName = h.renderer;
+    header.originalId = h.originalID;
+    const uint64_t hostId = PIData::createCustomRendering(platformId, header);
+    if (hostId == 0) {
+      tellError("Unable to create custom rendering <" + h.desc + ">.\n");
+      continue;
+    }
+    remember_(h.uniqueID, h.originalID, hostId);
+    transmitActiveMap_(hostId, object, window);
+    transmitColorMap_(hostId, object, window);
+    transmitCategoryData_(hostId, object.categoryData(), window);
   }
 }
 

@@ -1,6 +1,7 @@
 #include "document/ConvenienceFuncsUD.h"
 
 #include <cmath>
+#include <ctime>
 #include <iostream>
 #include <mutex>
 
@@ -53,10 +54,15 @@ std::string getPlatType(int index) {
 }
 
 std::string GetPlatTypeCatValueUD(const std::string& text) {
+  // The words of the "PlatformType" command, in the order of the values.
+  static const char* const words[] = {"unknown",   "ship",   "submarine", "aircraft", "satellite",
+                                      "helicopter", "missile", "decoy",    "buoy",     "reference",
+                                      "vehicle",   "landsite", "torpedo",  "contact"};
+  static_assert(sizeof(words) == sizeof(kPlatformTypes), "one word per platform type");
   unsigned int index = 0;
   if (orvCore::isValidNumber(text, index, false)) return getPlatType(static_cast<int>(index));
-  for (const char* type : kPlatformTypes)
-    if (orvCore::caseCompare(type, text) == 0) return type;
+  for (int i = 0; i < kPlatformTypeCount; ++i)
+    if (orvCore::caseCompare(words[i], text) == 0) return kPlatformTypes[i];
   return kPlatformTypes[0];
 }
 
@@ -80,4 +86,11 @@ std::ostream* setErrorStreamUD(std::ostream* stream) {
   std::ostream* previous = errorStream();
   errorStream() = stream;
   return previous;
+}
+
+int udCurrentYear() {
+  const std::time_t now = std::time(nullptr);
+  std::tm parts{};
+  gmtime_r(&now, &parts);
+  return parts.tm_year + 1900;
 }

@@ -26,6 +26,9 @@ void udFixOrientationAngles(double& yaw, double& pitch, double& roll);
 // What a caller does with an object that has no state at a time.
 void udSetBogusTimeAndActiveFalse(double& time, bool& active);
 
+// The current year (UTC): a new document's reference year.
+int udCurrentYear();
+
 // The "Platform Type" value text of an index, "Unknown" outside the list.
 std::string getPlatType(int index);
 // The "Platform Type" value of a type word (case ignored) or index; "Unknown" if neither.

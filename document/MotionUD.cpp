@@ -9,20 +9,6 @@
 #include "document/ConvenienceFuncsUD.h"
 #include "document/ErrorCodesUD.h"
 
-template <typename State>
-double TimeOrderedStates<State>::startTime() const {
-  return states_.empty() ? UD_NO_TIME : states_.begin()->first;
-}
-
-template <typename State>
-double TimeOrderedStates<State>::endTime() const {
-  return states_.empty() ? UD_NO_TIME : states_.rbegin()->first;
-}
-
-template class TimeOrderedStates<MotionStateUD>;
-template class TimeOrderedStates<BeamStateUD>;
-template class TimeOrderedStates<GateStateUD>;
-
 namespace {
 
 orvCore::Vec3 toEcef(const MotionStateUD& state) {
@@ -56,9 +42,8 @@ int checkPlatformState(const MotionStateUD& s) {
 }  // namespace
 
 void LinearPlatMotionUD::AddEndPoint(double time) {
-  const StateMap& map = states_.states();
-  if (map.empty() || time <= map.rbegin()->first) return;
-  MotionStateUD last = map.rbegin()->second;
+  if (states_.empty() || time <= states_.back().time) return;
+  MotionStateUD last = states_.back();
   last.time = time;
   states_.add(std::move(last));
 }
@@ -68,55 +53,59 @@ bool LinearPlatMotionUD::GetState(double time, MotionStateUD& out, bool interpol
 }
 
 bool LinearPlatMotionUD::GetPointAfter(double time, MotionStateUD& out) const {
-  auto after = states_.states().upper_bound(time);
-  if (after == states_.states().end()) return false;
-  out = after->second;
+  const auto after = states_.upper_bound(time);
+  if (after == states_.end()) return false;
+  out = *after;
   return true;
 }
 
 bool LinearPlatMotionUD::GetPointBefore(double time, MotionStateUD& out) const {
-  auto at = states_.states().lower_bound(time);
-  if (at == states_.states().begin()) return false;
-  out = std::prev(at)->second;
+  const auto at = states_.lower_bound(time);
+  if (at == states_.begin()) return false;
+  out = *std::prev(at);
   return true;
 }
 
-const MotionStateUD* LinearPlatMotionUD::EndPoint() const {
-  return states_.states().empty() ? nullptr : &states_.states().rbegin()->second;
-}
+const MotionStateUD* LinearPlatMotionUD::EndPoint() const { return states_.empty() ? nullptr : &states_.back(); }
 
-void LinearPlatMotionUD::findSpeed_(StateMap::iterator state) {
-  StateMap& map = states_.states();
-  StateMap::iterator from;
-  StateMap::iterator to;
-  if (state != map.begin()) {
-    from = std::prev(state);
-    to = state;
-  } else if (std::next(state) != map.end()) {
-    from = state;
-    to = std::next(state);
-  } else {
-    state->second.SetSpeed(0.0);
-    return;
-  }
-  const double dt = to->first - from->first;
+void LinearPlatMotionUD::findSpeed_(MotionStateUD& state, double fromTime, const orvCore::Vec3& from,
+                                    double toTime, const orvCore::Vec3& to) {
+  const double dt = toTime - fromTime;
   if (!(dt > 0.0)) {
-    state->second.SetVelocity(0.0, 0.0, 0.0);
+    state.SetVelocity(0.0, 0.0, 0.0);
     return;
   }
   double velocity[3];
-  enuVelocity(state->second, toEcef(from->second), toEcef(to->second), dt, velocity);
-  state->second.SetVelocity(velocity[0], velocity[1], velocity[2]);
+  enuVelocity(state, from, to, dt, velocity);
+  state.SetVelocity(velocity[0], velocity[1], velocity[2]);
 }
 
 void LinearPlatMotionUD::CalculateVelocities() {
-  StateMap& map = states_.states();
-  for (auto it = map.begin(); it != map.end(); ++it) findSpeed_(it);
+  const size_t count = states_.size();
+  if (count == 0) return;
+  const auto s = states_.begin();
+  if (count == 1) {
+    s->SetSpeed(0.0);
+    return;
+  }
+  // Each state's velocity is that of the step from the state before it; the
+  // first takes the step to the second. Each position goes to ECEF once: it
+  // ends one step and starts the next.
+  orvCore::Vec3 from = toEcef(s[0]);
+  orvCore::Vec3 to = toEcef(s[1]);
+  findSpeed_(s[0], s[0].time, from, s[1].time, to);
+  for (size_t i = 1; i < count; ++i) {
+    if (i > 1) {
+      from = to;
+      to = toEcef(s[static_cast<std::ptrdiff_t>(i)]);
+    }
+    const auto at = static_cast<std::ptrdiff_t>(i);
+    findSpeed_(s[at], s[at - 1].time, from, s[at].time, to);
+  }
 }
 
 void LinearPlatMotionUD::CalculateFlightPathAnglePitch() {
-  for (auto& entry : states_.states()) {
-    MotionStateUD& s = entry.second;
+  for (MotionStateUD& s : states_) {
     const double horizontal = std::hypot(s.velEast, s.velNorth);
     if (horizontal == 0.0 && s.velUp == 0.0) continue;
     s.SetPitch(std::atan2(s.velUp, horizontal));
@@ -125,36 +114,35 @@ void LinearPlatMotionUD::CalculateFlightPathAnglePitch() {
 
 void LinearPlatMotionUD::cull(double degrees) {
   const double tolerance = std::fabs(orvCore::angFix(degrees * M_PI / 180.0, orvCore::AE_PLUSMINUS_PI));
-  StateMap& map = states_.states();
-  if (map.size() < 3) return;
-  auto previous = map.begin();
-  auto current = std::next(previous);
-  while (std::next(current) != map.end()) {
-    auto next = std::next(current);
-    const orvCore::Vec3 a = toEcef(previous->second);
-    const orvCore::Vec3 b = toEcef(next->second);
-    auto deviation = [](double x, double y) { return std::fabs(orvCore::angFix(x - y, orvCore::AE_PLUSMINUS_PI)); };
+  if (states_.size() < 3) return;
+  auto deviation = [](double x, double y) { return std::fabs(orvCore::angFix(x - y, orvCore::AE_PLUSMINUS_PI)); };
+  // Compacts in place: `kept` is one past the last state kept, the previous
+  // point of each triple; the next point lies beyond the cursor, untouched.
+  auto kept = std::next(states_.begin());
+  const auto last = std::prev(states_.end());
+  for (auto current = kept; current != last; ++current) {
+    const MotionStateUD& p = *std::prev(kept);
+    const MotionStateUD& s = *current;
+    const orvCore::Vec3 a = toEcef(p);
+    const orvCore::Vec3 b = toEcef(*std::next(current));
     // Previous and next seen from the earth's centre, and the attitude,
     // all within the tolerance: the point between them adds nothing.
-    const MotionStateUD& p = previous->second;
-    const MotionStateUD& s = current->second;
     const bool steady = deviation(s.yaw, p.yaw) <= tolerance && deviation(s.pitch, p.pitch) <= tolerance &&
                         deviation(s.roll, p.roll) <= tolerance;
-    if (steady && orvCore::v3Angle(a, b) <= tolerance) {
-      current = map.erase(current);
-    } else {
-      previous = current;
-      current = next;
-    }
+    if (steady && orvCore::v3Angle(a, b) <= tolerance) continue;
+    if (kept != current) *kept = std::move(*current);
+    ++kept;
   }
+  if (kept != last) *kept = std::move(*last);
+  states_.erase(std::next(kept), states_.end());
 }
 
-bool LinearPlatMotionUD::DeleteItem(double time) { return states_.states().erase(time) != 0; }
+bool LinearPlatMotionUD::DeleteItem(double time) { return states_.erase(time); }
 
 int LinearPlatMotionUD::Valid(const DataFormatUD&) const {
-  if (states_.states().empty()) return UD_NO_MOTION;
-  for (const auto& entry : states_.states())
-    if (int code = checkPlatformState(entry.second)) return code;
+  if (states_.empty()) return UD_NO_MOTION;
+  for (const MotionStateUD& state : states_)
+    if (int code = checkPlatformState(state)) return code;
   return UD_NO_ERROR;
 }
 
@@ -162,14 +150,11 @@ bool LinearBeamMotionUD::GetState(double time, BeamStateUD& out, bool interpolat
   return states_.getState(time, out, interpolate, true, InterpolateBeamStateUD);
 }
 
-const BeamStateUD* LinearBeamMotionUD::EndPoint() const {
-  return states_.states().empty() ? nullptr : &states_.states().rbegin()->second;
-}
+const BeamStateUD* LinearBeamMotionUD::EndPoint() const { return states_.empty() ? nullptr : &states_.back(); }
 
 int LinearBeamMotionUD::Valid(const DataFormatUD&) const {
-  if (states_.states().empty()) return UD_NO_MOTION;
-  for (const auto& entry : states_.states()) {
-    const BeamStateUD& s = entry.second;
+  if (states_.empty()) return UD_NO_MOTION;
+  for (const BeamStateUD& s : states_) {
     if (udIsBadValue(s.azimuth) || udIsBadAngle(s.azimuth)) return UD_BAD_BEAM_AZIMUTH;
     if (udIsBadValue(s.elevation) || udIsBadElevAngle(s.elevation)) return UD_BAD_BEAM_ELEVATION;
     if (udIsBadValue(s.range) || s.range < 0.0) return UD_BAD_BEAM_RANGE;
@@ -215,9 +200,8 @@ bool LinearGateMotionUD::GetState(double time, GateStateUD& out, bool interpolat
 }
 
 int LinearGateMotionUD::Valid(const DataFormatUD&) const {
-  if (states_.states().empty()) return UD_NO_MOTION;
-  for (const auto& entry : states_.states()) {
-    const GateStateUD& s = entry.second;
+  if (states_.empty()) return UD_NO_MOTION;
+  for (const GateStateUD& s : states_) {
     if (udIsBadValue(s.azimuth) || udIsBadAngle(s.azimuth)) return UD_BAD_GATE_AZIMUTH;
     if (udIsBadValue(s.elevation) || udIsBadElevAngle(s.elevation)) return UD_BAD_GATE_ELEVATION;
     if (udIsBadValue(s.width) || udIsBadAngle(s.width)) return UD_BAD_GATE_WIDTH;

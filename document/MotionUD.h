@@ -4,12 +4,14 @@
 // a LOB motion keeps a list of bearings per time.
 
 #include <cstddef>
-#include <iterator>
 #include <list>
 #include <map>
 
+#include "core/Vec3.h"
 #include "document/CommandsUD.h"
+#include "document/ConvenienceFuncsUD.h"
 #include "document/MotionStateUD.h"
+#include "document/TimeOrderedStates.h"
 
 class BaseMotionUD {
  public:
@@ -22,61 +24,17 @@ class BaseMotionUD {
   virtual int Valid(const DataFormatUD& format) const = 0;
 };
 
-// The states of one kind, by time. Importers append in rising time, so an
-// insertion tries the end of the map before searching.
-template <typename State>
-class TimeOrderedStates {
- public:
-  using Map = std::map<double, State>;
-
-  void add(State state) {
-    const double time = state.time;
-    if (states_.empty() || states_.rbegin()->first < time) {
-      states_.emplace_hint(states_.end(), time, std::move(state));
-      return;
-    }
-    states_.insert_or_assign(time, std::move(state));
-  }
-  const Map& states() const { return states_; }
-  Map& states() { return states_; }
-  double startTime() const;
-  double endTime() const;
-
-  // The linear GetState: nothing before the first state; the last state
-  // from there on; exact or first states as they are; between two states
-  // the earlier one, or the interpolation when `interpolate`. `holdTime`
-  // gives a state beyond the last one the asked time.
-  template <typename Interpolate>
-  bool getState(double time, State& out, bool interpolate, bool holdTime, Interpolate interpolator) const {
-    if (states_.empty() || time < states_.begin()->first) return false;
-    auto at = states_.lower_bound(time);
-    if (at == states_.end()) {
-      out = states_.rbegin()->second;
-      if (holdTime) out.time = time;
-      return time >= states_.rbegin()->first;
-    }
-    if (at->first == time || at == states_.begin()) {
-      out = at->second;
-      return true;
-    }
-    auto before = std::prev(at);
-    if (!interpolate) {
-      out = before->second;
-      return true;
-    }
-    interpolator(before->second, at->second, time, out);
-    return true;
-  }
-
- private:
-  Map states_;
-};
-
 class LinearPlatMotionUD : public BaseMotionUD {
  public:
-  using StateMap = std::map<double, MotionStateUD>;
+  using States = TimeOrderedStates<MotionStateUD>;
 
   void AddState(MotionStateUD state) { states_.add(std::move(state)); }
+  // Room for `count` states, for a reader that knows how many come.
+  void reserve(size_t count) { states_.reserve(count); }
+  // Adds `seconds` to every state's time (a track moved onto another year).
+  void shiftTimes(double seconds) { states_.shiftTimes(seconds); }
+  // Drops every state and the memory that held them.
+  void flush() { states_.clear(); }
   // Adds a copy of the last state at `time` when that lies after it.
   void AddEndPoint(double time);
   bool GetState(double time, MotionStateUD& out, bool interpolate = true) const;
@@ -92,12 +50,12 @@ class LinearPlatMotionUD : public BaseMotionUD {
   void cull(double degrees);
   bool DeleteItem(double time);
 
-  double StartTime() const override { return states_.startTime(); }
-  double EndTime() const override { return states_.endTime(); }
-  size_t Size() const override { return states_.states().size(); }
+  double StartTime() const override { return states_.startTime(UD_NO_TIME); }
+  double EndTime() const override { return states_.endTime(UD_NO_TIME); }
+  size_t Size() const override { return states_.size(); }
   int Valid(const DataFormatUD& format) const override;
 
-  const StateMap& states() const { return states_.states(); }
+  const States& states() const { return states_; }
   // Whether the file gave velocities / orientation (else they are derived).
   bool hasVelocity() const { return hasVelocity_; }
   void setHasVelocity(bool given) { hasVelocity_ = given; }
@@ -105,28 +63,30 @@ class LinearPlatMotionUD : public BaseMotionUD {
   void setHasOrientation(bool given) { hasOrientation_ = given; }
 
  private:
-  // Velocity of `state` from its neighbour in the map; 0 without one.
-  void findSpeed_(StateMap::iterator state);
+  // Velocity of `state` from the step between two states' times and ECEF
+  // positions; 0 for a step without time.
+  static void findSpeed_(MotionStateUD& state, double fromTime, const orvCore::Vec3& from, double toTime,
+                         const orvCore::Vec3& to);
 
-  TimeOrderedStates<MotionStateUD> states_;
+  States states_;
   bool hasVelocity_ = false;
   bool hasOrientation_ = false;
 };
 
 class LinearBeamMotionUD : public BaseMotionUD {
  public:
-  using StateMap = std::map<double, BeamStateUD>;
+  using States = TimeOrderedStates<BeamStateUD>;
   void AddState(BeamStateUD state) { states_.add(std::move(state)); }
   bool GetState(double time, BeamStateUD& out, bool interpolate = true) const;
   const BeamStateUD* EndPoint() const;
-  double StartTime() const override { return states_.startTime(); }
-  double EndTime() const override { return states_.endTime(); }
-  size_t Size() const override { return states_.states().size(); }
+  double StartTime() const override { return states_.startTime(UD_NO_TIME); }
+  double EndTime() const override { return states_.endTime(UD_NO_TIME); }
+  size_t Size() const override { return states_.size(); }
   int Valid(const DataFormatUD& format) const override;
-  const StateMap& states() const { return states_.states(); }
+  const States& states() const { return states_; }
 
  private:
-  TimeOrderedStates<BeamStateUD> states_;
+  States states_;
 };
 
 class MotionStateUD;
@@ -159,17 +119,17 @@ class TargetBeamMotionUD : public BaseMotionUD {
 
 class LinearGateMotionUD : public BaseMotionUD {
  public:
-  using StateMap = std::map<double, GateStateUD>;
+  using States = TimeOrderedStates<GateStateUD>;
   void AddState(GateStateUD state) { states_.add(std::move(state)); }
   bool GetState(double time, GateStateUD& out, bool interpolate = true) const;
-  double StartTime() const override { return states_.startTime(); }
-  double EndTime() const override { return states_.endTime(); }
-  size_t Size() const override { return states_.states().size(); }
+  double StartTime() const override { return states_.startTime(UD_NO_TIME); }
+  double EndTime() const override { return states_.endTime(UD_NO_TIME); }
+  size_t Size() const override { return states_.size(); }
   int Valid(const DataFormatUD& format) const override;
-  const StateMap& states() const { return states_.states(); }
+  const States& states() const { return states_; }
 
  private:
-  TimeOrderedStates<GateStateUD> states_;
+  States states_;
 };
 
 class LOBMotionUD : public BaseMotionUD {

@@ -83,54 +83,45 @@ bool reportResult(const AsiLineRecord& record) {
   return fatal;
 }
 
-bool isWhite(char c) { return c == ' ' || c == '\n' || c == '\r' || c == '\t'; }
-
-// Puts text[pos, end) into token `count`, reusing the strings of the line
-// that the record carried before.
-void setToken(std::vector<std::string>& tokens, size_t count, const std::string& text, size_t pos, size_t end) {
-  if (count < tokens.size()) {
-    tokens[count].clear();
-    tokens[count].append(text, pos, end - pos);
-  } else {
-    tokens.emplace_back(text, pos, end - pos);
-  }
-}
+bool isWhite(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
 // Splits a line into tokens: quoted tokens stay whole; an unquoted "#" or
-// "//" ends the line. Unquoted tokens, nearly all of them, are found in one
-// pass over their bytes.
+// "//" ends the line. One pass over the characters, reusing the strings of
+// `tokens` (a recycled record's), since this runs for every line of a file.
 void splitLine(const std::string& text, std::vector<std::string>& tokens) {
-  const size_t size = text.size();
   size_t count = 0;
+  auto add = [&tokens, &count, &text](size_t from, size_t length) {
+    if (count == tokens.size()) tokens.emplace_back();
+    tokens[count++].assign(text, from, length);
+  };
+  const size_t size = text.size();
   size_t pos = 0;
-  while (true) {
-    while (pos < size && isWhite(text[pos])) ++pos;
-    if (pos >= size) break;
-    if (text[pos] == '\'' || text[pos] == '"') {
-      const std::string terminator = orvCore::getTerminateForStringPos(text, pos);
-      size_t end = orvCore::getFirstCharPosAfterString(text, pos + terminator.size(), terminator);
-      if (end == std::string::npos) end = size;
-      setToken(tokens, count++, text, pos, end);
-      pos = end;
-      continue;
-    }
+  while (pos < size && isWhite(text[pos])) ++pos;
+  while (pos < size) {
     size_t end = pos;
-    bool comment = false;
-    while (end < size && !isWhite(text[end])) {
-      if (text[end] == '#' || (text[end] == '/' && end + 1 < size && text[end + 1] == '/')) {
-        comment = true;
-        break;
+    const char first = text[pos];
+    if (first == '"' || first == '\'') {
+      const std::string terminator = orvCore::getTerminateForStringPos(text, pos);
+      end = orvCore::getFirstCharPosAfterString(text, pos + terminator.size(), terminator);
+      if (end == std::string::npos) end = size;
+      add(pos, end - pos);
+      tokens[count - 1] = orvCore::removeQuotes(tokens[count - 1]);
+    } else {
+      bool comment = false;
+      while (end < size && !isWhite(text[end])) {
+        if (text[end] == '#' || (text[end] == '/' && end + 1 < size && text[end + 1] == '/')) {
+          comment = true;
+          break;
+        }
+        ++end;
       }
-      ++end;
+      if (end > pos) add(pos, end - pos);
+      if (comment) break;
     }
-    if (end > pos) setToken(tokens, count++, text, pos, end);
-    if (comment) break;
     pos = end;
+    while (pos < size && isWhite(text[pos])) ++pos;
   }
   tokens.resize(count);
-  // Only a token that starts with a quote loses anything.
-  for (std::string& token : tokens)
-    if (!token.empty() && (token[0] == '\'' || token[0] == '"')) token = orvCore::removeQuotes(token);
 }
 
 }  // namespace
@@ -159,6 +150,8 @@ void AsiParserThread::run() {
         record->result = handlers_.parse(record->tokens, record->line);
       } catch (const orvCore::TimeException&) {
         record->result = UD_BAD_TIME_STRING;
+        writeErrorStreamUD("Error (non-fatal) in file, see line # " + std::to_string(record->line) + "  (" +
+                           std::to_string(record->result) + "): " + udErrorString(record->result) + "\n");
       } catch (...) {
         writeErrorStreamUD("Error (unknown) in file, see line # " + std::to_string(record->line) + "\n");
         record->result = 1;
@@ -188,6 +181,8 @@ int ScenarioUD::load(const std::string& fileName, const FileFinder& fileFinder, 
 }
 
 int ScenarioUD::load(std::istream& stream, const FileFinder&, bool, PercentCallback* callback, std::streamoff size) {
+  // Times without a year refer to this one until "ReferenceYear" says otherwise.
+  setReferenceYear(udCurrentYear());
   AsiLoaderThread shared;
   AsiKeywordHandlers handlers(*this);
   AsiParserThread parser(shared, handlers);

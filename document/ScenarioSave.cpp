@@ -34,7 +34,7 @@ class Writer {
     saveASIPlatformVerticalDatum(os_, id, h.verticalDatum, h.verticalDatumUser);
     saveASIPlatformMagneticVariance(os_, id, h.magneticVariance, h.magneticVarianceUser);
     const LinearPlatMotionUD& motion = *p.Motion();
-    for (const auto& entry : motion.states()) platformState(id, entry.second, motion);
+    for (const MotionStateUD& state : motion.states()) platformState(id, state, motion);
     for (const BeamUD* beam : p.beams()) this->beam(*beam);
     for (const LOBGroupUD* group : p.lobGroups()) lob(*group);
     for (const LaserUD* laser : p.lasers()) this->laser(*laser);
@@ -139,10 +139,7 @@ class Writer {
     for (const auto& entry : b.colorCommands()) saveASIBeamColorCmd(os_, id, entry.first, entry.second, format_);
     saveASIBeamInterpolatePosition(os_, id, b.getInterpolate());
     if (const auto* motion = dynamic_cast<const LinearBeamMotionUD*>(b.motion()))
-      for (const auto& entry : motion->states()) {
-        const BeamStateUD& s = entry.second;
-        saveASIBeamData(os_, id, s.time, s.range, s.azimuth, s.elevation, format_);
-      }
+      for (const BeamStateUD& s : motion->states()) saveASIBeamData(os_, id, s.time, s.range, s.azimuth, s.elevation, format_);
     for (const GateUD* g : b.gates()) gate(*g);
   }
 
@@ -157,8 +154,7 @@ class Writer {
     for (const auto& entry : g.onOffCommands()) saveASIGateOnOffCmd(os_, id, entry.first, entry.second, format_);
     for (const auto& entry : g.colorCommands()) saveASIGateColorCmd(os_, id, entry.first, entry.second, format_);
     saveASIGateInterpolatePosition(os_, id, g.getInterpolate());
-    for (const auto& entry : g.Motion()->states()) {
-      const GateStateUD& s = entry.second;
+    for (const GateStateUD& s : g.Motion()->states()) {
       const double values[7] = {s.azimuth, s.elevation, s.width, s.height, s.minRange, s.maxRange, s.centroid};
       saveASIGateData(os_, id, s.time, values, format_);
     }

@@ -22,19 +22,8 @@ std::vector<std::string> RadarCrossSectionManagerUD::getFilenames() const {
   return names;
 }
 
-namespace {
-
-int currentYear() {
-  const std::time_t now = std::time(nullptr);
-  std::tm parts{};
-  gmtime_r(&now, &parts);
-  return parts.tm_year + 1900;
-}
-
-}  // namespace
-
 ScenarioUD::ScenarioUD() {
-  format_.setReferenceYear(currentYear());
+  format_.setReferenceYear(udCurrentYear());
   tables_.setOwnerIdNameMapping(
       [this](uint64_t id) {
         const ObjectUD* object = findObject(id);

@@ -1,6 +1,6 @@
 #pragma once
-// The part of a time-keyed map that a time window selects, for every state
-// map of the document (motions, on/off, colours, generic data, ...).
+// The part of a time-keyed map or state list that a time window selects, for
+// every time series of the document (motions, on/off, colours, generic data, ...).
 
 #include <iterator>
 #include <utility>
@@ -14,6 +14,16 @@ struct TimeWindowUD {
   double min = 0.0;
   double max = 0.0;
 };
+
+// The time of an entry: the key of a time-keyed map, or a state's own time.
+template <typename Entry>
+auto entryTimeUD(const Entry& entry) -> decltype(double(entry.first)) {
+  return entry.first;
+}
+template <typename Entry>
+auto entryTimeUD(const Entry& entry) -> decltype(double(entry.time)) {
+  return entry.time;
+}
 
 // [begin, end) of `states`: everything without bounds; a lone static entry
 // (time -1) whatever the bounds; otherwise from the last entry at or before
@@ -30,7 +40,7 @@ std::pair<typename Map::const_iterator, typename Map::const_iterator> getAtOrInB
     PICommon::notify("Time range minTimeFilter is > maxTimeFilter\n", PICommon::PI_NOTIFY_ERROR, "");
     return {end, end};
   }
-  if (states.size() == 1 && states.begin()->first == -1.0) return {states.begin(), end};
+  if (states.size() == 1 && entryTimeUD(*states.begin()) == -1.0) return {states.begin(), end};
   begin = states.begin();
   if (window.hasMin) {
     auto after = states.upper_bound(window.min);

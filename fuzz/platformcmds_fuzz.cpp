@@ -1,8 +1,10 @@
-// Fuzzes the platform commands: the input is lines of ASI text, run in order
-// through the platform family (clone, stage 1, transmit) over a provider
-// whose scenario frame is complete, against the reference host. Nothing may
-// fault, and the host may not hold more platform points than there were
-// data lines.
+// Fuzzes the platform commands and what hangs on platforms: beams and gates,
+// lasers, LOBs, projectors (also on beams) and custom rendering objects. The
+// input is lines of ASI text, run in order through those families (clone,
+// stage 1, transmit) over a provider whose scenario frame is complete,
+// against the reference host. Nothing may fault, and the host may not hold
+// more platform, laser or LOB points than there were lines of their data
+// keyword.
 
 #include <cstddef>
 #include <cstdint>
@@ -67,6 +69,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   {
     AsiReader::CommandList commands;
     AsiReader::addPlatformCommands(provider, version, commands);
+    // Beams and gates (fuzzed on their own too) for the projectors that hang on beams.
+    AsiReader::addBeamCommands(provider, version, commands);
+    AsiReader::addGateCommands(provider, version, commands);
+    AsiReader::addLaserCommands(provider, version, commands);
+    AsiReader::addLobCommands(provider, version, commands);
+    AsiReader::addProjectorCommands(provider, version, commands);
+    AsiReader::addCustomRenderingCommands(provider, version, commands);
     for (auto* c : commands) table[orvCore::lowerCase(c->name())].reset(c);
   }
 
@@ -75,7 +84,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string line;
   std::vector<std::string> tokens;
   unsigned long number = 0;
-  std::size_t dataLines = 0;
+  // Lines of each keyword that adds a point, by the kind it adds it to.
+  std::map<std::uint32_t, std::size_t> dataLines;
+  const std::map<std::string, std::uint32_t> pointKeywords = {
+      {"platformdata", RefHost::KIND_PLATFORM}, {"laserori", RefHost::KIND_LASER}, {"lobdata", RefHost::KIND_LOB}};
   while (std::getline(in, line)) {
     ++number;
     FileReaderPlugin::stripLineEnd(line);
@@ -83,7 +95,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (tokens.empty()) continue;
     auto found = table.find(orvCore::lowerCase(tokens[0]));
     if (found == table.end()) continue;
-    if (found->first == "platformdata") ++dataLines;
+    auto adds = pointKeywords.find(found->first);
+    if (adds != pointKeywords.end()) ++dataLines[adds->second];
     std::unique_ptr<FileReaderPlugin::CommandParser> command(found->second->clone());
     command->setLineNumber(number);
     command->setMessageManager(&messages);
@@ -93,8 +106,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   provider->didComplete(messages);
   provider->clear();
 
-  std::size_t points = 0;
-  for (const auto& object : h.scenario().objects()) points += object->data(RefHost::SERIES_POINTS).count();
-  if (points > dataLines) std::abort();
+  std::map<std::uint32_t, std::size_t> points;
+  for (const auto& object : h.scenario().objects()) points[object->kind] += object->data(RefHost::SERIES_POINTS).count();
+  for (const auto& keyword : pointKeywords)
+    if (points[keyword.second] > dataLines[keyword.second]) std::abort();
   return 0;
 }

@@ -1,6 +1,7 @@
 // Arbitrary text as a TLE file (first byte even) or a Kepler file (odd):
-// every set that parses is propagated for a few points, every Kepler run
-// of a modest size is propagated whole. Nothing may crash or hang.
+// every set that parses is propagated for a few points and written as ASI
+// text, every Kepler run of a modest size is propagated whole. Nothing may
+// crash or hang.
 // Run with -close_fd_mask=3: the readers tell their findings on stdout/stderr.
 
 #include <cstddef>
@@ -12,6 +13,7 @@
 #include "importers/KeplerFile.h"
 #include "importers/ParseTLE.h"
 #include "importers/Propagator.h"
+#include "importers/TLE2ASI.h"
 #include "importers/TleTrack.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
@@ -22,13 +24,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     ParseTLE::TleMap sets;
     if (ParseTLE::parseTLEStream(in, sets) != 0) return 0;
     TLE2ASI::TleSettings settings;
-    int budget = 4;
+    settings.step = 600.0;
+    std::ostringstream asi;
+    uint64_t id = 0;
     for (const auto& entry : sets) {
-      if (budget-- == 0) break;
+      if (id == 4) break;
       PropagatorAIAA satellite(entry.second.name, entry.second.line1, entry.second.line2);
       const TLE2ASI::TimeFrame frame = TLE2ASI::startTime(settings, satellite);
-      std::vector<TLE2ASI::TrackPoint> points;
-      TLE2ASI::computeTrack(satellite, 8, 600.0, frame, points);
+      std::ostringstream gog;
+      ++id;
+      TLE2ASI::writeSatProp2ASI(satellite, 8, frame, asi, id == 1, settings, id, &gog);
     }
   } else {
     KEPLER2ASI::KeplerInput input;

@@ -125,7 +125,8 @@ std::uint64_t Dispatcher::common(Request& r) {
       arg(r, "parent", reinterpret_cast<std::uintptr_t>(rec->pointer));
       if (refuse(r, "debugMsgBox")) return 1;
       host.messageBoxes_.emplace_back(rec->text1, rec->text2);
-      if (host.config_.echoConsole) host.consolePrint_("[" + rec->text1 + "] " + rec->text2);
+      // Shown on stderr like the console, but a box is no console line.
+      if (host.config_.echoConsole) host.echo_("[" + rec->text1 + "] " + rec->text2);
       return 0;
     }
     case PI_WAIT_CURSOR: {

@@ -139,10 +139,12 @@ void ReferenceHost::notify_(std::int64_t severity, const std::string& text, cons
 
 void ReferenceHost::consolePrint_(const std::string& text) {
   console_.push_back(text);
-  if (config_.echoConsole) {
-    bar_->hide();
-    std::cerr << terminalSafe(text, true) << (text.empty() || text.back() != '\n' ? "\n" : "") << std::flush;
-  }
+  if (config_.echoConsole) echo_(text);
+}
+
+void ReferenceHost::echo_(const std::string& text) {
+  bar_->hide();
+  std::cerr << terminalSafe(text, true) << (text.empty() || text.back() != '\n' ? "\n" : "") << std::flush;
 }
 
 void ReferenceHost::setProgressWorkBytes(double bytes) { bar_->setWorkBytes(bytes); }

@@ -140,6 +140,8 @@ class ReferenceHost : public PIFunctionMap {
   void writeTrace_(const Request& request, std::uint64_t answer);
   void notify_(std::int64_t severity, const std::string& text, const std::string& prefix);
   void consolePrint_(const std::string& text);
+  // A line on stderr, over the progress bar.
+  void echo_(const std::string& text);
   // Calls on the offered services, which are traced like requests.
   int raiseSignal_(const std::string& name);
   std::string findFile_(const std::string& name, int fileKind);

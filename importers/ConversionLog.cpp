@@ -1,13 +1,12 @@
 #include "importers/ConversionLog.h"
 
-#include <iostream>
-
 #include "core/Notify.h"
+#include "document/ConvenienceFuncsUD.h"
 
 namespace ConversionLog {
 
-void issue(const std::string& text) { std::cerr << text << "\n"; }
+void issue(const std::string& text) { writeErrorStreamUD(text + "\n"); }
 
-void notice(const std::string& text) { orvNotify::notify(orvNotify::INFO, text); }
+void notice(const std::string& text) { orvNotify::notify(orvNotify::INFO, text + "\n"); }
 
 }  // namespace ConversionLog

@@ -10,7 +10,7 @@ namespace ConversionLog {
 
 // One problem of the input, a line of text (a line feed is added).
 void issue(const std::string& text);
-// A progress notice at info severity.
+// A progress notice at info severity (a line feed is added).
 void notice(const std::string& text);
 
 }  // namespace ConversionLog

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <sstream>
 
 #include "core/Notify.h"
@@ -25,6 +26,20 @@ std::string number(double value) {
   std::ostringstream os;
   os << value;
   return os.str();
+}
+
+// Newton's iteration on x for mean anomaly `m` = kepler(x), each step held
+// within +-0.3 and x within [low, high]; false when it does not converge.
+template <typename Equation, typename Slope>
+bool solveAnomaly(double m, double& x, Equation kepler, Slope slope, double low, double high) {
+  for (int i = 0; i < MAX_ITERATIONS; ++i) {
+    double step = (m - kepler(x)) / slope(x);
+    if (!std::isfinite(step)) step = 0.3;
+    step = std::max(-0.3, std::min(0.3, step));
+    x = std::max(low, std::min(high, x + step));
+    if (std::fabs(step) < TOLERANCE) return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -88,15 +103,10 @@ int Kepler::TwoBody(double time, int flag) {
     const double m = e0 - esinE0 + meanMotion * dt;
     const double e = eccentricity;
     double ecc = m + e * std::sin(m);
-    bool converged = false;
-    for (int i = 0; i < MAX_ITERATIONS && !converged; ++i) {
-      double step = (m - (ecc - e * std::sin(ecc))) / (1.0 - e * std::cos(ecc));
-      if (!std::isfinite(step)) step = 0.3;
-      step = std::max(-0.3, std::min(0.3, step));
-      ecc += step;
-      converged = std::fabs(step) < TOLERANCE;
-    }
-    if (!converged) {
+    const auto equation = [e](double x) { return x - e * std::sin(x); };
+    const auto slope = [e](double x) { return 1.0 - e * std::cos(x); };
+    const double unbounded = std::numeric_limits<double>::max();
+    if (!solveAnomaly(m, ecc, equation, slope, -unbounded, unbounded)) {
       ConversionLog::issue("Convergence Failure for Time = " + number(time));
       error = 2;
       return 0;
@@ -114,15 +124,9 @@ int Kepler::TwoBody(double time, int flag) {
     const double h0 = std::asinh(rv0 / (e * sqrtMuA));
     const double m = e * std::sinh(h0) - h0 + meanMotion * dt;
     double hyp = std::asinh(m / e);
-    bool converged = false;
-    for (int i = 0; i < MAX_ITERATIONS && !converged; ++i) {
-      double step = (m - (e * std::sinh(hyp) - hyp)) / (e * std::cosh(hyp) - 1.0);
-      if (!std::isfinite(step)) step = 0.3;
-      step = std::max(-0.3, std::min(0.3, step));
-      hyp = std::max(-88.0, std::min(88.0, hyp + step));
-      converged = std::fabs(step) < TOLERANCE;
-    }
-    if (!converged) {
+    const auto equation = [e](double x) { return e * std::sinh(x) - x; };
+    const auto slope = [e](double x) { return e * std::cosh(x) - 1.0; };
+    if (!solveAnomaly(m, hyp, equation, slope, -88.0, 88.0)) {
       ConversionLog::issue("Convergence Failure for time = " + number(time));
       error = 2;
       return 0;

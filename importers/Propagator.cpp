@@ -6,11 +6,20 @@
 
 #include "core/CoordinateConverter.h"
 #include "core/Notify.h"
+#include "importers/ConversionLog.h"
 
 namespace {
 
-bool badBounds(int first, int last, const std::string& line) {
-  return first <= 0 || first >= last || static_cast<int>(line.size()) <= last;
+// Columns `first` to `last` (from 1, inclusive) of a line; false, after a
+// message naming what was asked for, when the line does not hold them.
+bool columns(int first, int last, const std::string& line, const char* what, std::string& text) {
+  if (first <= 0 || first >= last || static_cast<int>(line.size()) <= last) {
+    orvNotify::notify(orvNotify::ERROR_LEVEL) << "Unable to get " << what << " [" << first << ", " << last
+                                              << "] from TLE line: " << line;
+    return false;
+  }
+  text = line.substr(first - 1, last - first + 1);
+  return true;
 }
 
 }  // namespace
@@ -21,21 +30,13 @@ Propagator::Propagator(const std::string& name, const std::string& line1, const 
 Propagator::~Propagator() = default;
 
 double Propagator::getDouble_(int first, int last, const std::string& line) const {
-  if (badBounds(first, last, line)) {
-    orvNotify::notify(orvNotify::ERROR_LEVEL) << "Unable to get double [" << first << ", " << last
-                                              << "] from TLE line: " << line;
-    return 0.0;
-  }
-  return std::atof(line.substr(first - 1, last - first + 1).c_str());
+  std::string text;
+  return columns(first, last, line, "double", text) ? std::atof(text.c_str()) : 0.0;
 }
 
 int Propagator::getInt_(int first, int last, const std::string& line) const {
-  if (badBounds(first, last, line)) {
-    orvNotify::notify(orvNotify::ERROR_LEVEL) << "Unable to get int [" << first << ", " << last
-                                              << "] from TLE line: " << line;
-    return 0;
-  }
-  return std::atoi(line.substr(first - 1, last - first + 1).c_str());
+  std::string text;
+  return columns(first, last, line, "int", text) ? std::atoi(text.c_str()) : 0;
 }
 
 int Propagator::idNumber() const { return getInt_(3, 7, line1_); }
@@ -43,7 +44,7 @@ int Propagator::launchYear() const { return fullYear(getInt_(10, 11, line1_)); }
 int Propagator::epochYear() const { return fullYear(getInt_(19, 20, line1_)); }
 double Propagator::epochDay() const { return getDouble_(21, 32, line1_); }
 double Propagator::epochTime() const { return (epochDay() - 1.0) * 86400.0; }
-double Propagator::estimatedError(double secondsFromEpoch) const { return secondsFromEpoch / 86400.0; }
+double Propagator::estimatedError(double secondsFromEpoch) const { return std::fabs(secondsFromEpoch) / 86400.0; }
 
 void Propagator::toGeodetic_(const double ecefPos[3], const double ecefVel[3], double* lla, double* orientation,
                              double* velocity) {
@@ -107,8 +108,8 @@ int PropagatorAIAA::propagate(double secondsFromEpoch, double* lla, double* orie
   double r[3], v[3];
   if (!AIAA::sgp4(rec_, secondsFromEpoch / 60.0, r, v) || !std::isfinite(r[0])) {
     const int code = rec_.error != 0 ? rec_.error : 1;
-    orvNotify::notify(orvNotify::ERROR_LEVEL) << "Code [" << code << "] occurred with " << name()
-                                              << " in AIAA::sgp4: " << errorText(code) << "\n";
+    ConversionLog::issue("Code [" + std::to_string(code) + "] occurred with " + name() +
+                         " in AIAA::sgp4: " + errorText(code));
     return code;
   }
   // TEME to Earth-fixed: a turn about Z by the sidereal angle of the moment.

@@ -36,7 +36,21 @@ EXTRA=("$@")
 load harbour "$BUILD_DIR/example-dump.json" "$EXAMPLES/harbour.asi"
 load minimal "$BUILD_DIR/example-dump-minimal.json" "$EXAMPLES/minimal.asi"
 load aircraft_ecef "$BUILD_DIR/example-dump-aircraft_ecef.json" "$EXAMPLES/aircraft_ecef.asi"
+load radar "$BUILD_DIR/example-dump-radar.json" "$EXAMPLES/radar.asi"
+load designator "$BUILD_DIR/example-dump-designator.json" "$EXAMPLES/designator.asi"
 load live_feed "$BUILD_DIR/example-dump-live_feed.json" "$EXAMPLES/live_feed_1.asi" "$EXAMPLES/live_feed_2.asi"
+load socal_aswex "$BUILD_DIR/example-dump-socal_aswex.json" "$EXAMPLES/socal_aswex.csv"
+load pmrf_rimpac "$BUILD_DIR/example-dump-pmrf_rimpac.json" "$EXAMPLES/pmrf_rimpac.csv"
+load gpx "$BUILD_DIR/example-dump-gpx.json" "$EXAMPLES/arthurs_seat.gpx"
+load pet "$BUILD_DIR/example-dump-pet.json" "$EXAMPLES/range_trial.pet"
+ORVIDE_USER_DIR="$EXAMPLES" load wam "$BUILD_DIR/example-dump-wam.json" "$EXAMPLES/coastal_watch.wam"
+load vestfjorden "$BUILD_DIR/example-dump-vestfjorden.json" "$EXAMPLES/northern_screen.otg"
+# The TLE and Kepler converters write their ASI text beside the input: they
+# load copies in the build folder, so that examples/ stays as it is.
+CONVERTED="$BUILD_DIR/converted-examples"
+mkdir -p "$CONVERTED" && cp "$EXAMPLES/satellites.tle" "$EXAMPLES/ballistic.kp" "$CONVERTED/"
+load satellites "$BUILD_DIR/example-dump-satellites.json" "$CONVERTED/satellites.tle"
+load ballistic "$BUILD_DIR/example-dump-ballistic.json" "$CONVERTED/ballistic.kp"
 
 echo "==== results"
 printf '%s\n' "${results[@]}"

@@ -18,6 +18,7 @@ PACKAGES=(
   zip unzip time
   python3-sgp4
   libcairo2-dev fonts-dejavu-core gdal-bin help2man
+  gpsbabel
 )
 
 SUDO=""

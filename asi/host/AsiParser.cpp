@@ -41,6 +41,12 @@ void AsiParser::populateCommands(int version) {
   // three version-dependent keywords last.
   CommandList commands;
   addPlatformCommands(provider_, version, commands);
+  addBeamCommands(provider_, version, commands);
+  addGateCommands(provider_, version, commands);
+  addLaserCommands(provider_, version, commands);
+  addLobCommands(provider_, version, commands);
+  addProjectorCommands(provider_, version, commands);
+  addCustomRenderingCommands(provider_, version, commands);
   addScenarioCommands(provider_, version, commands);
   addTableCommands(provider_, version, commands);
   for (FileReaderPlugin::CommandParser* command : commands) replaceCommand_(command);

@@ -22,6 +22,30 @@ using CommandList = std::vector<FileReaderPlugin::CommandParser*>;
 void addPlatformCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
                          CommandList& commands);
 
+// Beam commands ("BeamID", "BeamData", "AntennaPattern", ...).
+void addBeamCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                     CommandList& commands);
+
+// Gate commands ("GateID", "GateData", "GateDataRAE", ...).
+void addGateCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                     CommandList& commands);
+
+// Laser commands ("Laser", "LaserOri", ...).
+void addLaserCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                      CommandList& commands);
+
+// Line-of-bearing commands ("LOBID", "LOBData", ...).
+void addLobCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                    CommandList& commands);
+
+// Projector commands ("Projector", "ProjectorFOV", ...).
+void addProjectorCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                          CommandList& commands);
+
+// Custom rendering commands ("CustomRendering", "CustomRenderingColor").
+void addCustomRenderingCommands(const std::shared_ptr<AsiInterface::ScenarioProvider>& provider, int version,
+                                CommandList& commands);
+
 // Scenario commands ("ReferenceYear", "CoordSystem", ...). The three
 // version-dependent keywords ("Classification", "GenericData", "ImageFile")
 // come last in the list, chosen by `version`.

@@ -10,6 +10,11 @@
 #include "asi/LobEntity.h"
 #include "asi/PlatformEntity.h"
 
+namespace AsiInterface {
+class BaseParser;
+class Resolver;
+}  // namespace AsiInterface
+
 namespace AsiReader {
 
 class PlatformEntity : public AsiInterface::PlatformEntity {
@@ -24,12 +29,35 @@ class BeamEntity : public AsiInterface::BeamEntity {
   using AsiInterface::BeamEntity::BeamEntity;
   // The beam keeps its header: no fetch is needed.
   void setOriginalId(uint64_t id) override;
+
+  // The antenna, unless the host is the plot application or none was
+  // defined; 1 when the beam does not exist, else the host's answer.
+  virtual int transmitSetAntennaInfo() const;
+  // Merges with the beam the resolver knows, or creates it (dropping the
+  // point the creation stored) and records it; then sends `point` unless this
+  // is a target beam. The beam's unique id, 0 when the host refused.
+  virtual uint64_t transmitCreateBeam(AsiInterface::BaseParser& parser, uint64_t hostUniqueId,
+                                      AsiInterface::Resolver* resolver, const PIData::PIBeamHeader& header,
+                                      const PIData::PIBeamPoint& point, bool flag);
+  // One point; a refusal is reported through `parser`.
+  virtual int transmitAddDataPoint(AsiInterface::BaseParser& parser, uint64_t uniqueId,
+                                   const PIData::PIBeamPoint& point) const;
+  // The AREPS files, unless merging or none; 1 when the beam does not exist.
+  virtual int transmitArepsPattern() const;
+  virtual int transmitSetTarget(uint64_t uniqueId, uint64_t targetId, double time) const;
 };
 
 class GateEntity : public AsiInterface::GateEntity {
  public:
   using AsiInterface::GateEntity::GateEntity;
   void setOriginalId(uint64_t id) override;
+
+  // As BeamEntity::transmitCreateBeam: merge or create, then the point.
+  virtual uint64_t transmitCreateGate(AsiInterface::BaseParser& parser, uint64_t hostUniqueId,
+                                      AsiInterface::Resolver* resolver, const PIData::PIGateHeader& header,
+                                      const PIData::PIGatePoint& point, bool flag);
+  virtual int transmitAddDataPoint(AsiInterface::BaseParser& parser, uint64_t uniqueId,
+                                   const PIData::PIGatePoint& point) const;
 };
 
 class LobEntity : public AsiInterface::LobEntity {

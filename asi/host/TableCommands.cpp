@@ -24,14 +24,17 @@ int64_t DataTableRow::findUpdateTable_(AsiInterface::Table& table, uint64_t host
   std::vector<int64_t> columns;
   PIData::getDataTableColumns(tableId, columns);
   const std::vector<std::string>& names = table.names();
-  bool matches = columns.size() <= names.size();
-  for (size_t i = 0; matches && i < columns.size(); ++i) {
+  // The names both have are compared in order up to the first that
+  // differs; a host column beyond the file's fails the match as well.
+  bool matches = true;
+  for (size_t i = 0; matches && i < columns.size() && i < names.size(); ++i) {
     std::string hostName;
     PIData::getDataTableColumnName(tableId, columns[i], hostName);
     matches = hostName == names[i];
   }
-  if (!matches) {
-    setMessage(PICommon::PI_NOTIFY_INFO, "Appending table \"" + table.name() + "\" does not match existing table.\n");
+  if (!matches || columns.size() > names.size()) {
+    // The note names the table that was looked up.
+    setMessage(PICommon::PI_NOTIFY_INFO, "Appending table \"" + name + "\" does not match existing table.\n");
     return 0;
   }
   for (size_t i = columns.size(); i < names.size(); ++i) {

@@ -74,11 +74,10 @@ int OTHMessage::parseMessage(const std::vector<std::string>& lines, unsigned lon
   OTHParseLog standardError(std::cerr);
   OTHParseLog& report = log != nullptr ? *log : standardError;
 
-  size_t written = 0;
-  for (const std::string& line : lines) written += trimmed(line).empty() ? 0 : 1;
-  if (written < 4) {
+  // Every line of the group counts, blank ones too.
+  if (lines.size() < 4) {
     report.out() << "Error in processing MSGID" << where(firstLine) << ": a message needs at least 4 lines, it has "
-                 << written << '\n';
+                 << lines.size() << '\n';
     report.countError();
     failed_ = true;
     return 1;
@@ -202,12 +201,16 @@ int ParseOTHFile(const std::string& fileName, std::vector<OTHMessage>& messages,
 }
 
 int ParseOTHFile(const std::string& fileName, std::vector<OTHMessage>& messages, bool keepFailed,
-                 std::ostream& errors) {
+                 std::ostream& errors, const std::function<bool(double)>& progress) {
   std::ifstream in(fileName, std::ios::binary);
   if (!in) {
     errors << "Unable to open OTH Gold file \"" << fileName << "\"\n";
     return -1;
   }
+  in.seekg(0, std::ios::end);
+  const double size = static_cast<double>(in.tellg());
+  in.seekg(0, std::ios::beg);
+  double bytesRead = 0.0;
   OTHParseLog log(errors);
   bool anyFailed = false;
   std::vector<std::string> group;
@@ -244,6 +247,9 @@ int ParseOTHFile(const std::string& fileName, std::vector<OTHMessage>& messages,
   unsigned long lineNumber = 0;
   while (std::getline(in, line)) {
     ++lineNumber;
+    bytesRead += static_cast<double>(line.size()) + 1.0;
+    // Every few thousand lines, so that the question costs nothing.
+    if (progress && lineNumber % 4096 == 0 && progress(size > 0.0 ? bytesRead / size : 1.0)) return 2;
     if (beginsWith(line, "MSGID")) {
       reportStray();
       if (groupStart != 0) finish(false);

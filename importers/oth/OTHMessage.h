@@ -2,6 +2,7 @@
 // One OTH Gold message, from its "MSGID/" line to its "ENDAT" line, and the
 // reading of a file of them.
 
+#include <functional>
 #include <iosfwd>
 #include <set>
 #include <string>
@@ -88,10 +89,12 @@ class OTHMessage {
 // Reads a file and parses each group of lines from an "MSGID" line to the
 // next "ENDAT" line, appending the messages. A message that fails is
 // reported and left out unless keepFailed; a message cut off by the next
-// MSGID or the end of the file fails. Faults go to `errors`. 0 on success;
-// -1 when the file can't be opened; 1 when a message failed.
+// MSGID or the end of the file fails. Faults go to `errors`. `progress`,
+// when given, hears the share of the file read (0 to 1) now and then and
+// stops the read by answering true. 0 on success; -1 when the file can't be
+// opened; 1 when a message failed; 2 when stopped.
 int ParseOTHFile(const std::string& fileName, std::vector<OTHMessage>& messages, bool keepFailed = false);
 int ParseOTHFile(const std::string& fileName, std::vector<OTHMessage>& messages, bool keepFailed,
-                 std::ostream& errors);
+                 std::ostream& errors, const std::function<bool(double)>& progress = nullptr);
 
 }  // namespace OthLib

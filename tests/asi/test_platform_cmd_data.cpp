@@ -78,6 +78,13 @@ TEST_F(PositionTest, DegreePositionsAreRangeChecked) {
   EXPECT_EQ(3, messages_.messages[0].severity);
   ASSERT_EQ(2u, points(1).size());
   EXPECT_DOUBLE_EQ(5.0, points(1)[0].time);
+
+  // The range is checked before the altitude is read.
+  messages_.messages.clear();
+  lines({"PlatformData 1 7 91 0", "PlatformData 1 8 0 -400 deep", "PlatformData 1 9 45 0"});
+  EXPECT_THAT(texts(), ElementsAre("Line 9 PlatformData: Latitude position out of range",
+                                   "Line 10 PlatformData: Longitude position out of range",
+                                   "Line 11 PlatformData: Invalid platform position"));
 }
 
 TEST_F(PositionTest, VersionTwoTakesSmallValuesAsRadiansAndOthersAsDegrees) {

@@ -114,6 +114,10 @@ TEST(WriterSupport, CoordinateSystemsAndClassifications) {
   EXPECT_EQ(getCoordSystem(42), "NED");
   EXPECT_EQ(checkCoordSystem("gtp"), orvCore::GTP);
   EXPECT_EQ(checkCoordSystem("XYZ"), -1);
+  // The host's numbers are read too.
+  EXPECT_EQ(checkCoordSystem("3"), orvCore::LLA);
+  EXPECT_EQ(checkCoordSystem("9"), orvCore::ECI);
+  EXPECT_EQ(checkCoordSystem("10"), -1);
   EXPECT_EQ(checkClassification("SECRET-WN"), "SECRET - WN");
   EXPECT_EQ(checkClassification("secret nf"), "SECRET - NF");
   EXPECT_EQ(checkClassification("TOP SECRET"), "TOP SECRET");

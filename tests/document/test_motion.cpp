@@ -3,8 +3,10 @@
 // the checks of AddState.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 #include "document/ConvenienceFuncsUD.h"
 #include "document/ErrorCodesUD.h"
@@ -61,6 +63,64 @@ TEST(PlatformMotion, SameTimeReplacesAndEndPointExtends) {
   EXPECT_EQ(motion.Size(), 2u);
 }
 
+std::vector<double> timesOf(const LinearPlatMotionUD& motion) {
+  std::vector<double> times;
+  for (const MotionStateUD& state : motion.states()) times.push_back(state.time);
+  return times;
+}
+
+// Files mostly arrive in time order, but not always: a state out of order,
+// near the end or far back, lands in its place, and the last one given at a
+// time is the one kept.
+TEST(PlatformMotion, StatesInAnyOrderEndSortedWithTheLastAtEachTime) {
+  LinearPlatMotionUD motion;
+  for (int t = 0; t < 300; t += 2) motion.AddState(platformState(t, 0, 0, t));
+  motion.AddState(platformState(297, 0, 0, 1));  // just behind the end
+  motion.AddState(platformState(296, 0, 0, 7));  // replaces at once
+  motion.AddState(platformState(1, 0, 0, 1));    // far back
+  motion.AddState(platformState(100, 0, 0, 8));  // far back, replaces 100
+  motion.AddState(platformState(100, 0, 0, 9));  // and again: the later stays
+  motion.AddState(platformState(-0.5, 0, 0, 2)); // before the first
+  EXPECT_EQ(motion.Size(), 153u);
+  const std::vector<double> times = timesOf(motion);
+  EXPECT_TRUE(std::is_sorted(times.begin(), times.end()));
+  EXPECT_EQ(std::adjacent_find(times.begin(), times.end()), times.end());
+  EXPECT_EQ(motion.StartTime(), -0.5);
+  EXPECT_EQ(motion.EndTime(), 298);
+  EXPECT_EQ(motion.states().at(100).alt, 9);
+  EXPECT_EQ(motion.states().at(296).alt, 7);
+  EXPECT_EQ(motion.states().at(297).alt, 1);
+  MotionStateUD out;
+  ASSERT_TRUE(motion.GetState(1.5, out));
+  EXPECT_DOUBLE_EQ(out.alt, 1.5);  // between 1 (alt 1) and 2 (alt 2)
+  ASSERT_TRUE(motion.GetPointBefore(1, out));
+  EXPECT_EQ(out.time, 0);
+  ASSERT_TRUE(motion.GetPointAfter(99, out));
+  EXPECT_EQ(out.alt, 9);
+
+  // Reverse order throughout, with a repeat, reads back the same way.
+  LinearPlatMotionUD reversed;
+  for (int t = 999; t >= 0; --t) reversed.AddState(platformState(t, 0, 0, t));
+  reversed.AddState(platformState(500, 0, 0, -1));
+  EXPECT_EQ(reversed.Size(), 1000u);
+  EXPECT_EQ(reversed.states().at(500).alt, -1);
+  EXPECT_EQ(reversed.states().at(501).alt, 501);
+  EXPECT_EQ(reversed.EndPoint()->time, 999);
+
+  EXPECT_TRUE(reversed.DeleteItem(500));
+  EXPECT_FALSE(reversed.DeleteItem(500));
+  EXPECT_EQ(reversed.states().find(500), nullptr);
+  EXPECT_EQ(reversed.Size(), 999u);
+}
+
+TEST(PlatformMotion, ShiftedTimesKeepTheStates) {
+  LinearPlatMotionUD motion;
+  for (int t = 0; t < 5; ++t) motion.AddState(platformState(t, 0, 0, t));
+  motion.shiftTimes(86400);
+  EXPECT_EQ(timesOf(motion), (std::vector<double>{86400, 86401, 86402, 86403, 86404}));
+  EXPECT_EQ(motion.states().at(86403).alt, 3);
+}
+
 TEST(PlatformMotion, YawTakesTheShortWayRound) {
   MotionStateUD out;
   InterpolateMotionStateUD(platformState(0, 0, 0, 0, 350), platformState(10, 0, 0, 0, 10), 5, out);
@@ -90,7 +150,7 @@ TEST(PlatformMotion, CullKeepsEndsAndDropsStraightMiddles) {
   EXPECT_LT(motion.Size(), 12u);
   EXPECT_EQ(motion.StartTime(), 0);
   EXPECT_EQ(motion.EndTime(), 11);
-  EXPECT_EQ(motion.states().count(11), 1u);
+  EXPECT_NE(motion.states().find(11), nullptr);
 }
 
 TEST(BeamMotion, AfterTheLastStateReportsTheAskedTime) {

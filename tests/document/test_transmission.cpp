@@ -4,6 +4,7 @@
 #include "TransmitSupport.h"
 
 #include <functional>
+#include <sstream>
 
 #include "core/TimeStamp.h"
 #include "document/ConvenienceFuncsUD.h"
@@ -174,7 +175,7 @@ TEST_F(Transmission, AppendedFilesFindTheObjectsOfEarlierOnes) {
     return 0;
   };
   ASSERT_FALSE(send(write("b.fake", ""), true)) << ::testing::PrintToString(issues);
-  const nlohmann::json platforms = objects("platform");
+  nlohmann::json platforms = objects("platform");
   ASSERT_EQ(platforms.size(), 2u);
   const std::string alpha = std::to_string(platforms[0]["id"].get<uint64_t>());
   const std::string beta = std::to_string(platforms[1]["id"].get<uint64_t>());
@@ -185,6 +186,20 @@ TEST_F(Transmission, AppendedFilesFindTheObjectsOfEarlierOnes) {
   const nlohmann::json dump = host->toJson();
   EXPECT_EQ(dump["scenarioData"]["genericData"]["records"][0][3],
             "entityid=" + alpha + ",color=red,entityid=" + beta);
+
+  // A third file continues alpha (same id, original id and name); a platform
+  // of the same id under another name is a platform of its own.
+  build = [](ScenarioUD& s) {
+    s.setReferenceYear(2021);
+    addPlatform(s, 1, "alpha", 100, {{50, 30.4}});
+    addPlatform(s, 2, "gamma", 0, {{50, 32.0}});
+    return 0;
+  };
+  ASSERT_FALSE(send(write("c.fake", ""), true));
+  platforms = objects("platform");
+  ASSERT_EQ(platforms.size(), 3u);
+  EXPECT_EQ(platforms[0]["data"]["points"]["count"], 4);
+  EXPECT_EQ(platforms[2]["header"]["name"], "gamma");
 }
 
 TEST_F(Transmission, LaserWithoutHostIsSkipped) {
@@ -236,6 +251,39 @@ TEST_F(Transmission, DataTablesFindTheirOwnerAndRefuseADifferentLayout) {
   }
 }
 
+TEST_F(Transmission, BeamDataAreClearedAfterCreationAndEveryPointIsSentAsData) {
+  build = [](ScenarioUD& s) {
+    track(s);
+    addPlatform(s, 2, "", 0, {{10, 31.0}});
+    auto* beam = new BeamUD(&s, s.findPlatform(1), std::make_unique<BeamHeaderUD>());
+    beam->Header()->uniqueID = 5;
+    beam->Header()->hbw = beam->Header()->vbw = rad(3.0);
+    beam->SetBeamType(BEAM_ABSOLUTE);
+    beam->AddToScenario(&s);
+    beam->AddState(10, 1000.0, rad(10), rad(1));
+    beam->AddState(20, 2000.0, rad(20), rad(2));
+    return 0;
+  };
+  std::ostringstream trace;
+  host->setTraceStream(&trace);
+  ASSERT_FALSE(send(write("a.fake", ""), false)) << ::testing::PrintToString(issues);
+  host->setTraceStream(nullptr);
+  std::vector<std::string> beamCalls;
+  std::istringstream lines(trace.str());
+  for (std::string line; std::getline(lines, line);) {
+    const std::string op = nlohmann::json::parse(line)["op"];
+    if (op == "createBeam" || op == "flushEntityData" || (op == "addDataPoint" && !beamCalls.empty()))
+      beamCalls.push_back(op);
+  }
+  EXPECT_EQ(beamCalls, (std::vector<std::string>{"createBeam", "flushEntityData", "addDataPoint", "addDataPoint"}));
+  const nlohmann::json beams = objects("beam");
+  ASSERT_EQ(beams.size(), 1u);
+  EXPECT_EQ(beams[0]["data"]["points"]["count"], 2);
+  // An object without a name is sent as "Unknown".
+  EXPECT_EQ(beams[0]["header"]["name"], "Unknown");
+  EXPECT_EQ(objects("platform")[1]["header"]["name"], "Unknown");
+}
+
 TEST_F(Transmission, AsiTextGoesThroughTheDocumentLoader) {
   const std::string path = write("small.asi",
                                  "Version 24\nRefLLA 30 -120 0\nCoordSystem LLA\nReferenceYear 2020\nDegreeAngles 1\n"
@@ -243,6 +291,7 @@ TEST_F(Transmission, AsiTextGoesThroughTheDocumentLoader) {
                                  "PlatformData 3 200 30.1 -120 0\nGenericData 3 speed 12 100\n");
   ASSERT_FALSE(send(path, false)) << host->notifications().back().text;
   EXPECT_TRUE(told("Reading ASI file: " + path, PICommon::PI_NOTIFY_INFO));
+  EXPECT_EQ(host->notifications().front().text, "Reading ASI file: " + path);
   EXPECT_EQ(host->toJson()["scenario"]["referenceYear"], 2020);
   const nlohmann::json platforms = objects("platform");
   ASSERT_EQ(platforms.size(), 1u);

@@ -110,4 +110,36 @@ TEST_F(TableCommands, EveryComplaintOfTheThreeCommands) {
   EXPECT_TRUE(json("dump.json")["tables"].empty());
 }
 
+
+// A table the host renamed on modification is looked up by its first name;
+// when the host's table has a column beyond the file's, the names they share
+// are still compared, the note names the table that was looked up, and the
+// file's table is made as a new one.
+TEST_F(TableCommands, AnAppendedTableThatDoesNotMatchIsMadeAnew) {
+  const std::string first = write("first.asi", std::string(HEADER) +
+      "PlatformData 1 0 36.6 -121.9 0 0 0 0\nPlatformData 1 10 36.61 -121.9 0 0 0 0\n"
+      "DataTable 1 10 Engine A INT32 B INT32 C INT32\nDataTableRow 10 1 1 2 3\n");
+  const std::string second = write("second.asi", std::string(HEADER) +
+      "PlatformData 1 20 36.6 -121.9 0 0 0 0\n"
+      "DataTable 1 10 Engine_Modified_2 A INT32 B INT32\nDataTableRow 10 21 4 5\n"
+      // A new platform, so that the appended file has an independent entity of its own.
+      "PlatformID 2\nPlatformName 2 Tug\nPlatformData 2 20 36.6 -121.8 0 0 0 0\n");
+  const e2e::Outcome r = run({"--dump", "dump.json", "--messages", "messages.jsonl", "--trace", "trace.jsonl",
+                              first, second});
+  EXPECT_EQ(r.status, 0) << r.err;
+  const auto messages = jsonLines("messages.jsonl");
+  ASSERT_EQ(messages.size(), 1u);
+  EXPECT_EQ(messages[0]["severity"], 5);
+  EXPECT_EQ(messages[0]["text"], "Line 9 DataTableRow: Appending table \"Engine\" does not match existing table.\n\n");
+
+  std::vector<std::string> names;
+  for (const auto& line : jsonLines("trace.jsonl"))
+    if (line.value("op", "") == "getDataTableColumnName") names.push_back(line["out"]);
+  EXPECT_EQ(names, (std::vector<std::string>{"A", "B"}));
+  const auto tables = json("dump.json")["tables"];
+  ASSERT_EQ(tables.size(), 2u);
+  EXPECT_EQ(tables[1]["name"], "Engine_Modified_2");
+  EXPECT_EQ(tables[1]["rows"]["count"], 1);
+}
+
 }  // namespace

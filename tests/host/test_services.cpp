@@ -121,6 +121,19 @@ TEST_F(HostTest, MessagesReachTheirLists) {
   EXPECT_EQ(host->waitCursorDepth(), 1);
 }
 
+TEST(HostEcho, AnEchoedMessageBoxIsNoConsoleLine) {
+  RefHost::HostConfig config;
+  config.progressBar = false;  // echoConsole stays on
+  RefHost::ReferenceHost echoing(config);
+  echoing.install();
+  PICommon::debugMsgBox("File Import Canceled", "File loading canceled by user.", nullptr);
+  PICommon::debugPrint("a console line");
+  echoing.uninstall();
+  EXPECT_EQ(echoing.messageBoxes().size(), 1u);
+  EXPECT_EQ(echoing.consoleLines(), std::vector<std::string>({"a console line"}));
+  EXPECT_EQ(echoing.toJson()["host"]["console"].size(), 1u);
+}
+
 TEST_F(HostTest, ApplicationIdentity) {
   EXPECT_EQ(getApplicationId(), PI_HOST_ORVIDE);
   EXPECT_EQ(getApplicationName(), "ORVIDE");

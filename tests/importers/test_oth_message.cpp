@@ -128,6 +128,8 @@ TEST(OthMessage, BadLinesAreReportedWithTheirLine) {
   Parsed shortOne = parse("MSGID/GOLD/A/B/0001/JAN\nENDAT\n");
   EXPECT_EQ(shortOne.result, 1);
   EXPECT_NE(shortOne.log.find("at least 4 lines"), std::string::npos);
+  // Lines count as lines, blank or not: four of them make a message.
+  EXPECT_EQ(parse("MSGID/GOLD/A/B/0001/JAN\n\nCTC/T1/ONE\nENDAT\n").result, 0);
 
   const Parsed bad = parse(
       "MSGID/GOLD/A/B/0001/JAN\n"

@@ -247,14 +247,14 @@ TEST_F(ReaderSelectionTest, ZipMembersMustShareOneScenarioIdentifier) {
   EXPECT_EQ(lastError(), "ZIP contains multiple files with different Scenario IDs\n");
 }
 
-TEST_F(ReaderSelectionTest, LegacyFormatsWithoutAnImporterFailHonestly) {
-  auto reader = factory_->createReader(file("track.gpx", "<gpx/>"));
+TEST_F(ReaderSelectionTest, LegacyFormatsThatDoNotLoadFailHonestly) {
+  auto reader = factory_->createReader(file("track.gpx", "<gpx>"));
   ASSERT_TRUE(reader);
   std::string id = "stale";
   EXPECT_EQ(reader->getScenarioIdentifier("track.gpx", id), 0);
   EXPECT_TRUE(id.empty());
   EXPECT_EQ(reader->read((work_ / "src/track.gpx").string()), -1);
-  EXPECT_EQ(host_->notifications().back().text, "Unknown file format\n\n");
+  EXPECT_EQ(host_->notifications().back().text, "Fatal error when loading GPX file\n\n");
   EXPECT_EQ(host_->notifications().back().severity, 3);
 }
 

@@ -1,4 +1,4 @@
-#include "asi/Color.h"
+#include "core/Color.h"
 
 #include <iostream>
 
