@@ -143,6 +143,13 @@ TEST_F(Loader, WrittenScenarioReadsBack) {
   p->AddState(10, a, nullptr, nullptr);
   p->AddState(20, b, nullptr, nullptr);
   original.addCategoryData(4, -1, "Platform Type", "Aircraft");
+  p->Header()->SetVerticalDatum(UTILS::VD_MSL);
+  auto crHeader = std::make_unique<CustomRenderingHeaderUD>();
+  crHeader->uniqueID = 5;
+  crHeader->desc = "range rings";
+  crHeader->SetRenderer("rings");
+  auto* rings = new CustomRenderingUD(&original, p, std::move(crHeader));
+  ASSERT_EQ(rings->AddToScenario(&original), 0);
   DataTable* table = original.AddDataTable(4, "T");
   int64_t column = 0;
   table->addColumn("v", UTILS::VT_FLOAT64, column);
@@ -161,6 +168,11 @@ TEST_F(Loader, WrittenScenarioReadsBack) {
   ASSERT_EQ(back->Motion()->Size(), 2u);
   EXPECT_NEAR(back->Motion()->states().at(20).lat, 0.51, 1e-12);
   EXPECT_EQ(back->categoryData().size(), 1u);
+  EXPECT_EQ(back->Header()->verticalDatum, UTILS::VD_MSL);
+  const CustomRenderingUD* ringsBack = copy.findCustomRendering(5);
+  ASSERT_NE(ringsBack, nullptr);
+  EXPECT_EQ(ringsBack->Desc(), "range rings");
+  EXPECT_EQ(ringsBack->Header()->renderer, "rings");
   ASSERT_EQ(copy.dataTables().getNumberOfDataTables(), 1u);
   EXPECT_EQ(copy.dataTables().tables().begin()->second->getNumRows(), 1u);
 }

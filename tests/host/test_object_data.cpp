@@ -176,6 +176,21 @@ TEST_F(HostTest, CategoryAndGenericData) {
   EXPECT_EQ(static_cast<uint64_t>(g[4]), entry);
 }
 
+TEST_F(HostTest, TheScenariosOwnDataNeedsAScenario) {
+  const PICategoryDataPoint category{-1.0, "Exercise", "RIMPAC"};
+  const PIGenericDataPoint generic{1.0, -1.0, "tag", "value"};
+  int64_t table = 0;
+  EXPECT_NE(addCategoryData(0, category), 0);
+  EXPECT_EQ(createGenericData(0, generic), 0u);
+  EXPECT_NE(addDataTable(0, "T", {"a"}, {UTILS::VT_INT32}, &table), 0);
+  EXPECT_EQ(host->scenario().scenarioObject().data(RefHost::SERIES_CATEGORY).count(), 0u);
+
+  initializeScenario("test.asi", 0, PI_PROTOCOL_NONE, false);
+  EXPECT_EQ(addCategoryData(0, category), 0);
+  EXPECT_NE(createGenericData(0, generic), 0u);
+  EXPECT_EQ(addDataTable(0, "T", {"a"}, {UTILS::VT_INT32}, &table), 0);
+}
+
 TEST_F(HostTest, FlushDropsDataByType) {
   const uint64_t platform = scenarioWithPlatform();  // first point at time 0
   addDataPoint(platform, platformPoint(-1.0));
