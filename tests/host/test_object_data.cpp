@@ -1,7 +1,9 @@
 // Data of objects and data tables, through the client wrappers.
 
+#include <algorithm>
 #include <cmath>
 #include <sstream>
+#include <vector>
 
 #include "HostFixture.h"
 
@@ -203,6 +205,26 @@ TEST_F(HostTest, FlushDropsDataByType) {
   EXPECT_EQ(host->scenario().find(platform)->data(RefHost::SERIES_STATUS).count(), 0u);
   EXPECT_NE(flushEntityData(platform, 7), 0);
   EXPECT_NE(flushEntityData(999, PI_FLUSH_ALL), 0);
+}
+
+TEST_F(HostTest, LongSeriesKeepEveryRecordInOrderThroughFlushes) {
+  const uint64_t platform = scenarioWithPlatform();  // first point at time 0
+  // Thousands of points, every third one static, so that records lie in
+  // many blocks of storage and a flush has to gather them again.
+  for (int i = 1; i <= 5000; ++i) addDataPoint(platform, platformPoint(i % 3 == 0 ? -1.0 : i, i));
+  const RefHost::Series& points = host->scenario().find(platform)->data(RefHost::SERIES_POINTS);
+  ASSERT_EQ(points.count(), 5001u);
+  for (std::size_t i = 1; i <= 5000; ++i) ASSERT_EQ(points.record(i)[1], static_cast<double>(i)) << i;
+
+  EXPECT_EQ(flushEntityData(platform, PI_FLUSH_STATIC), 0);
+  ASSERT_EQ(points.count(), 3335u);
+  std::vector<double> kept;
+  for (std::size_t i = 0; i < points.count(); ++i) kept.push_back(points.record(i)[1]);
+  EXPECT_EQ(kept[1], 1.0);
+  EXPECT_EQ(kept[2], 2.0);
+  EXPECT_EQ(kept[3], 4.0);
+  EXPECT_EQ(kept.back(), 5000.0);
+  EXPECT_TRUE(std::is_sorted(kept.begin(), kept.end()));
 }
 
 TEST_F(HostTest, DataTablesRoundTrip) {
