@@ -153,6 +153,24 @@ TEST_F(RangeFiles, BadLineIsReportedWithItsNumberAndTheRestLoads) {
   EXPECT_EQ(dump["objects"].size(), 1u);
 }
 
+TEST_F(RangeFiles, RepeatedLegendKeepsBothTextsAndUpdatesCategories) {
+  const std::string legend = "LEG,2021,1,15,10,0,0,LTS,1,Ship,Ship,x,1,0,0\n";
+  const e2e::Outcome r = load(write("twice.csv", "COM,x\nPKL,0,0,0,0,0,0,Source,TID\n" + legend +
+                                                    "LEG,2021,1,15,10,0,0,LTS,1,Other,Sub,x,2,0,0\n" + legend +
+                                                    "POS,2021,1,15,10,0,0,LTS,1,33,-118,0,0,0,0,0,0,0,0,0,0,0,0\n"));
+  ASSERT_EQ(r.status, 0) << r.out << r.err;
+  EXPECT_NE(r.out.find("Already seen this LEG, src= LTS, tid= 1, updating ...\n"), std::string::npos) << r.out;
+  const auto dump = json("dump.json");
+  ASSERT_EQ(dump["objects"].size(), 1u);
+  const nlohmann::json& ship = dump["objects"][0];
+  // Name and icon stay those of the first legend; the categories follow the last.
+  EXPECT_EQ(ship["header"]["name"], "Ship");
+  EXPECT_EQ(ship["header"]["icon"], "ShipV_F.png");
+  EXPECT_EQ(categories(ship)["Affinity"], "Friendly");
+  EXPECT_EQ(generic(ship["data"], "LEG"),
+            (std::vector<std::string>{"LTS 1 Ship Ship x 1 0 0", "LTS 1 Other Sub x 2 0 0", "LTS 1 Ship Ship x 1 0 0"}));
+}
+
 TEST_F(RangeFiles, FilesThatAreNotRangeFilesAreRefused) {
   const e2e::Outcome other = load(write("other.csv", "name,lat,lon\nship,1,2\n"));
   EXPECT_EQ(other.status, 3);
