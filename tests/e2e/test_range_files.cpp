@@ -171,6 +171,15 @@ TEST_F(RangeFiles, RepeatedLegendKeepsBothTextsAndUpdatesCategories) {
             (std::vector<std::string>{"LTS 1 Ship Ship x 1 0 0", "LTS 1 Other Sub x 2 0 0", "LTS 1 Ship Ship x 1 0 0"}));
 }
 
+TEST_F(RangeFiles, ScoreFileWithoutOriginSendsTheUnsetOrigin) {
+  const e2e::Outcome r = load(write("noorg.csv", "COM,x\nPKL,0,0,0,0,0,0,Source,TID\n"
+                                                 "POS,2021,1,15,10,0,0,LTS,1,33,-118,0,0,0,0,0,0,0,0,0,0,0,0\n"));
+  ASSERT_EQ(r.status, 0) << r.out << r.err;
+  const auto dump = json("dump.json");
+  EXPECT_EQ(dump["scenario"]["originLLA"], nlohmann::json::array({0.0, 0.0, 0.0}));
+  EXPECT_EQ(dump["objects"].size(), 1u);
+}
+
 TEST_F(RangeFiles, FilesThatAreNotRangeFilesAreRefused) {
   const e2e::Outcome other = load(write("other.csv", "name,lat,lon\nship,1,2\n"));
   EXPECT_EQ(other.status, 3);
