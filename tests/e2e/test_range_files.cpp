@@ -171,6 +171,19 @@ TEST_F(RangeFiles, RepeatedLegendKeepsBothTextsAndUpdatesCategories) {
             (std::vector<std::string>{"LTS 1 Ship Ship x 1 0 0", "LTS 1 Other Sub x 2 0 0", "LTS 1 Ship Ship x 1 0 0"}));
 }
 
+TEST_F(RangeFiles, LegendWithoutPositionsKeepsItsTextOnTheScenario) {
+  const e2e::Outcome r = load(write("idle.csv", "COM,x\nPKL,0,0,0,0,0,0,Source,TID\n"
+                                                "LEG,2021,1,15,10,0,0,LTS,2,Idle,Ship,x,1,0,0\n"
+                                                "LEG,2021,1,15,10,0,0,LTS,1,Ship,Ship,x,1,0,0\n"
+                                                "POS,2021,1,15,10,0,0,LTS,1,33,-118,0,0,0,0,0,0,0,0,0,0,0,0\n"));
+  ASSERT_EQ(r.status, 0) << r.out << r.err;
+  EXPECT_EQ(messages(3), "");
+  const auto dump = json("dump.json");
+  ASSERT_EQ(dump["objects"].size(), 1u);
+  EXPECT_EQ(generic(dump["scenarioData"], "LEG"), std::vector<std::string>{"LTS 2 Idle Ship x 1 0 0"});
+  EXPECT_EQ(generic(dump["objects"][0]["data"], "LEG"), std::vector<std::string>{"LTS 1 Ship Ship x 1 0 0"});
+}
+
 TEST_F(RangeFiles, ScoreFileWithoutOriginSendsTheUnsetOrigin) {
   const e2e::Outcome r = load(write("noorg.csv", "COM,x\nPKL,0,0,0,0,0,0,Source,TID\n"
                                                  "POS,2021,1,15,10,0,0,LTS,1,33,-118,0,0,0,0,0,0,0,0,0,0,0,0\n"));
