@@ -52,6 +52,7 @@ void ScenarioProvider::clear() {
   // Tables point at entities: free them first.
   tables_.clear();
   projectors_.clear();
+  platforms_.clear();
   entities_.clear();
   // Parked commands hold a reference to this provider: freeing the last of
   // them may free the provider itself, so they go last, from a local.
@@ -68,7 +69,8 @@ Entity* ScenarioProvider::getEntity(uint64_t id) const {
 }
 
 PlatformEntity* ScenarioProvider::getPlatformEntity(uint64_t id) const {
-  return typedEntity<PlatformEntity>(getEntity(id));
+  auto it = platforms_.find(id);
+  return it == platforms_.end() ? nullptr : it->second;
 }
 BeamEntity* ScenarioProvider::getBeamEntity(uint64_t id) const { return typedEntity<BeamEntity>(getEntity(id)); }
 GateEntity* ScenarioProvider::getGateEntity(uint64_t id) const { return typedEntity<GateEntity>(getEntity(id)); }
@@ -81,6 +83,7 @@ CustomRenderingEntity* ScenarioProvider::getCustomRenderingEntity(uint64_t id) c
 int ScenarioProvider::addEntity(uint64_t id, Entity* entity) {
   if (entity == nullptr || entities_.count(id) != 0) return 1;
   entities_[id].reset(entity);
+  if (auto* platform = typedEntity<PlatformEntity>(entity)) platforms_[id] = platform;
   entity->setAsiId(id);
   // An entity's original id is its ASI id until OriginalID says otherwise.
   entity->setOriginalId(id);

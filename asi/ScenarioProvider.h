@@ -11,6 +11,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -145,6 +146,9 @@ class ScenarioProvider {
   std::map<uint64_t, CommandQueue> deferred_;
   std::size_t parked_ = 0;  // commands in deferred_
   std::map<uint64_t, std::unique_ptr<Entity>> entities_;
+  // The platforms among the entities, found without a walk of the map and a
+  // checked downcast: every data line asks for its platform twice.
+  std::unordered_map<uint64_t, PlatformEntity*> platforms_;
   std::map<uint64_t, std::unique_ptr<Table>> tables_;
   std::map<uint64_t, std::unique_ptr<Projector>> projectors_;
   std::map<uint64_t, uint64_t> events_;

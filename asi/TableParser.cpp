@@ -18,21 +18,31 @@ DataTableCell* integerCell(const std::string& text) {
   return new DataTableCellTyped<Stored>(static_cast<Stored>(value));
 }
 
-bool parseFloating(const std::string& text, double& value) {
+// A float column checks its own width: a value beyond the float range is a
+// bad cell, not an infinity.
+template <typename T>
+bool parseFloating(const std::string& text, T& value) {
   if (orvCore::isValidNumber(text, value, true)) return true;
   if (orvCore::caseCompare(text, "NaN") == 0) {
-    value = std::numeric_limits<double>::quiet_NaN();
+    value = std::numeric_limits<T>::quiet_NaN();
     return true;
   }
   if (orvCore::caseCompare(text, "Infinity") == 0 || orvCore::caseCompare(text, "Inf") == 0) {
-    value = std::numeric_limits<double>::infinity();
+    value = std::numeric_limits<T>::infinity();
     return true;
   }
   if (orvCore::caseCompare(text, "-Infinity") == 0 || orvCore::caseCompare(text, "-Inf") == 0) {
-    value = -std::numeric_limits<double>::infinity();
+    value = -std::numeric_limits<T>::infinity();
     return true;
   }
   return false;
+}
+
+template <typename T>
+DataTableCell* floatingCell(const std::string& text) {
+  T value{};
+  if (!parseFloating(text, value)) return nullptr;
+  return new DataTableCellTyped<T>(value);
 }
 
 }  // namespace
@@ -48,12 +58,9 @@ DataTableCell* parseDataTableCell(UTILS::VariableType_t type, const std::string&
     case UTILS::VT_UINT64: return integerCell<unsigned long, uint64_t>(text);
     case UTILS::VT_INT64: return integerCell<long, int64_t>(text);
     case UTILS::VT_FLOAT32:
-    case UTILS::VT_FLOAT64: {
-      double value = 0.0;
-      if (!parseFloating(text, value)) return nullptr;
-      if (type == UTILS::VT_FLOAT32) return new DataTableCellTyped<float>(static_cast<float>(value));
-      return new DataTableCellTyped<double>(value);
-    }
+      return floatingCell<float>(text);
+    case UTILS::VT_FLOAT64:
+      return floatingCell<double>(text);
     case UTILS::VT_STRING: return new DataTableCellTyped<std::string>(DataTableUtils::removeEscapeSlashes(text));
     default: return nullptr;
   }

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Times whole loads through scenario-host against an awk pass over the same
-# file: a generated scenario of 100 platforms and LINES PlatformData lines,
-# loaded in the no-data mode (counts and spans only) and in the full mode,
-# and the no-data load of BIG_LINES lines, to show whether memory grows with
-# the file. Prints wall time, lines/s, the ratio to awk, CPU time (user +
-# system, over both threads of a load) and peak RSS. The machine may be shared:
-# the fastest of RUNS runs counts.
+# Times whole loads against an awk pass over the same file: a generated
+# scenario of 100 platforms and LINES PlatformData lines, loaded through
+# scenario-host in the no-data mode (counts and spans only) and in the full
+# mode; then the same for BIG_LINES lines, to show whether memory grows with
+# the file. Prints wall time, lines/s, the ratio to awk on the same file, CPU
+# time (user + system, over all threads of a load) and peak RSS. The machine may be shared: the
+# fastest of RUNS runs counts, and each load runs right after its awk pass.
 #
 # Usage: bench/load_bench.sh [BUILD_DIR] [LINES] [BIG_LINES] [RUNS]
 #   BUILD_DIR  a build configured with -DCMAKE_BUILD_TYPE=Release (default build)
@@ -49,35 +49,40 @@ generate() {
 
 source "$ROOT/bench/measure.sh"
 
-row() {  # label seconds kilobytes cpu-seconds lines awk_seconds
-  awk -v l="$1" -v s="$2" -v k="$3" -v c="$4" -v n="$5" -v a="$6" 'BEGIN{
-    rate = s > 0 ? n / s : 0; ratio = a > 0 ? sprintf("%7.2f", s / a) : "      -";
-    printf "%-32s %7.2f s %10.0f lines/s %s x awk %7.2f s CPU %8.1f MiB peak RSS\n", l, s, rate, ratio, c, k / 1024 }'
+row() {  # label seconds kilobytes cpu-seconds awk-seconds lines
+  awk -v l="$1" -v s="$2" -v k="$3" -v c="$4" -v a="$5" -v n="$6" 'BEGIN{
+    rate = s > 0 ? n / s : 0; ratio = a > 0 ? sprintf("%5.2f", s / a) : "    -";
+    printf "%-34s %7.2f s %10.0f lines/s  awk %6.2f s  ratio %s  %6.2f s CPU %8.1f MiB peak RSS\n",
+      l, s, rate, a, ratio, c, k / 1024 }'
 }
 
-main_file="$(generate "$LINES")"
-cat "$main_file" >/dev/null  # warm the page cache, so that no run pays for the disk
+# loads LINES: every row of one file
+loads() {
+  local lines="$1" file
+  file="$(generate "$lines")"
+  cat "$file" >/dev/null  # warm the page cache, so that no run pays for the disk
+  echo "file: $file ($lines data lines, 100 platforms, $(du -m "$file" | cut -f1) MB)"
+  local result
+  REFERENCE=(awk "$AWK_PROGRAM" "$file")
+  result="$(measure_against "${REFERENCE[@]}")"
+  row "awk sum of columns 2-10" $result "$lines"
+  result="$(measure_against "$HOST" --no-progress --no-data "$file")"
+  row "scenario-host --no-data" $result "$lines"
+  NODATA_KB="$(echo "$result" | cut -d' ' -f2)"
+  result="$(measure_against "$HOST" --no-progress "$file")"
+  row "scenario-host (full)" $result "$lines"
+  FULL_RATIO="$(awk -v r="$result" 'BEGIN{split(r, p, " "); print p[1] / p[4]}')"
+}
 
-echo "file: $main_file ($LINES data lines, 100 platforms, $(du -m "$main_file" | cut -f1) MB); fastest of $RUNS runs"
-echo "awk: $(readlink -f "$(command -v awk)")"
-result="$(measure awk "$AWK_PROGRAM" "$main_file")"
-read -r awk_s awk_k awk_c <<<"$result"
-result="$(measure "$HOST" --no-progress --no-data "$main_file")"
-read -r nodata_s nodata_k nodata_c <<<"$result"
-result="$(measure "$HOST" --no-progress "$main_file")"
-read -r full_s full_k full_c <<<"$result"
-row "awk sum of columns 2-10" "$awk_s" "$awk_k" "$awk_c" "$LINES" "$awk_s"
-row "scenario-host --no-data" "$nodata_s" "$nodata_k" "$nodata_c" "$LINES" "$awk_s"
-row "scenario-host (full)" "$full_s" "$full_k" "$full_c" "$LINES" "$awk_s"
-
+echo "best ratio of $RUNS runs, each right after an awk pass over the same file; awk: $(readlink -f "$(command -v awk)")"
+echo "machine: $(nproc) cores, $(uptime | sed 's/.*load/load/')"
+loads "$LINES"
+main_ratio="$FULL_RATIO"
+main_kb="$NODATA_KB"
 if [ "$BIG_LINES" -gt 0 ]; then
-  big_file="$(generate "$BIG_LINES")"
-  cat "$big_file" >/dev/null
-  result="$(RUNS=1 measure "$HOST" --no-progress --no-data "$big_file")"
-  read -r big_s big_k big_c <<<"$result"
-  row "scenario-host --no-data ${BIG_LINES}" "$big_s" "$big_k" "$big_c" "$BIG_LINES" 0
-  awk -v a="$nodata_k" -v b="$big_k" -v n="$LINES" -v m="$BIG_LINES" 'BEGIN{
-    printf "no-data peak RSS: %.1f MiB at %d lines, %.1f MiB at %d lines (%+.1f MiB)\n", a/1024, n, b/1024, m, (b-a)/1024 }'
+  loads "$BIG_LINES"
+  awk -v a="$main_kb" -v b="$NODATA_KB" -v n="$LINES" -v m="$BIG_LINES" 'BEGIN{
+    printf "no-data peak RSS: %.1f MiB at %d lines, %.1f MiB at %d lines (%+.1f%%)\n", a/1024, n, b/1024, m, (b-a)*100/a }'
 fi
-awk -v f="$full_s" -v a="$awk_s" 'BEGIN{ r = f / a;
-  printf "full load / awk = %.2f (goal: at most 1.00) %s\n", r, r <= 1.0 ? "met" : "NOT met" }'
+awk -v r="$main_ratio" 'BEGIN{ printf "full load / awk = %.2f (goal: at most 1.00) %s\n", r, r <= 1.0 ? "met" : "NOT met" }'
+echo "machine after: $(uptime | sed 's/.*load/load/')"

@@ -47,10 +47,12 @@ int main(int argc, char** argv) {
   static char buffer[1 << 20];
   std::setvbuf(out, buffer, _IOFBF, sizeof buffer);
 
+  // The reference point and the coordinate system come right behind the
+  // version: the scenario document's own loader requires that order.
   std::fprintf(out,
                "# Load benchmark: %d platforms, %ld position lines.\n"
-               "Version 24\nReferenceYear 2026\nClassification \"UNCLASSIFIED\" green\n"
-               "CoordSystem LLA\nDegreeAngles 1\nRefLLA 36.5 -121.9 0\n",
+               "Version 24\nRefLLA 36.5 -121.9 0\nCoordSystem LLA\nDegreeAngles 1\nReferenceYear 2026\n"
+               "Classification \"UNCLASSIFIED\" green\n",
                platforms, lines);
 
   Lcg random;
@@ -84,6 +86,9 @@ int main(int argc, char** argv) {
       t.lat += t.speed * std::cos(h) / metresPerDegree;
       t.lon += t.speed * std::sin(h) / (metresPerDegree * std::cos(t.lat * pi / 180.0));
       if (t.lat > 80.0 || t.lat < -80.0) t.heading = std::fmod(t.heading + 180.0, 360.0);
+      // Long runs fly round the earth; the file keeps longitudes in range.
+      if (t.lon >= 180.0) t.lon -= 360.0;
+      if (t.lon < -180.0) t.lon += 360.0;
       std::fprintf(out, "PlatformData %d %ld %.6f %.6f %.1f %.2f %.2f %.2f %.1f\n", i + 1, second, t.lat, t.lon,
                    t.alt, t.heading, t.pitch, t.roll, t.speed);
     }

@@ -66,6 +66,20 @@ bool narrowSigned(const std::string& text, Narrow& out, bool allowPlus, int low,
   return true;
 }
 
+// A text that stringIsIntegerNumber has passed (digits with one leading sign
+// at most) as a whole integer; false on overflow, leaving `out` alone.
+template <typename Integer>
+bool wholeInteger(const std::string& text, Integer& out) {
+  const char* first = text.data();
+  const char* last = first + text.size();
+  if (first != last && *first == '+') ++first;
+  Integer value = 0;
+  const std::from_chars_result read = std::from_chars(first, last, value);
+  if (read.ec != std::errc() || read.ptr != last) return false;
+  out = value;
+  return true;
+}
+
 bool hexUnsigned(const std::string& text, unsigned int& out, bool requirePrefix) {
   return isValidHexNumber(text, out, requirePrefix);
 }
@@ -117,21 +131,15 @@ bool stringIsTrueToken(const std::string& text) {
 bool isValidNumber(const std::string& text, unsigned long& out, bool allowPlusSign) {
   out = 0;
   if (!stringIsIntegerNumber(text, true, false, allowPlusSign)) return false;
-  errno = 0;
-  const unsigned long long value = std::strtoull(text.c_str(), nullptr, 10);
-  if (errno != 0) return false;
-  out = static_cast<unsigned long>(value);
-  return true;
+  // Digits only by now (a plus sign aside): from_chars reads them as strtoull
+  // would, overflow included, in one pass without errno.
+  return wholeInteger(text, out);
 }
 
 bool isValidNumber(const std::string& text, long& out, bool allowPlusSign) {
   out = 0;
   if (!stringIsIntegerNumber(text, false, false, allowPlusSign)) return false;
-  errno = 0;
-  const long long value = std::strtoll(text.c_str(), nullptr, 10);
-  if (errno != 0) return false;
-  out = static_cast<long>(value);
-  return true;
+  return wholeInteger(text, out);
 }
 
 bool isValidNumber(const std::string& text, unsigned int& out, bool allowPlusSign) {

@@ -10,9 +10,13 @@ using ASIOutputSupport::angleOut;
 using ASIOutputSupport::asiColor;
 using ASIOutputSupport::timedLine;
 
-void saveASICustomRenderingRequired(std::ostream& os, uint64_t hostId, uint64_t id, const std::string& renderer) {
+void saveASICustomRenderingRequired(std::ostream& os, uint64_t hostId, uint64_t id, const std::string& renderer,
+                                    const std::string& desc) {
+  // The command reads the description before the renderer; an object
+  // without one is named after its renderer.
   os << "# Custom Rendering Keyword\n";
-  os << "CustomRendering\t" << hostId << " " << id << " \"" << renderer << "\" \"" << renderer << "\"\n";
+  os << "CustomRendering\t" << hostId << " " << id << " \"" << (desc.empty() ? renderer : desc) << "\" \""
+     << renderer << "\"\n";
 }
 
 void saveASICustomRenderingOriginalID(std::ostream& os, uint64_t id, uint64_t originalId) {

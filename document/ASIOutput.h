@@ -110,7 +110,8 @@ void saveASIGateData(std::ostream& os, uint64_t id, double time, const double va
 void saveASIGateInterpolatePosition(std::ostream& os, uint64_t id, bool interpolate);
 
 // Custom rendering (ASICustomRenderingOutput)
-void saveASICustomRenderingRequired(std::ostream& os, uint64_t hostId, uint64_t id, const std::string& renderer);
+void saveASICustomRenderingRequired(std::ostream& os, uint64_t hostId, uint64_t id, const std::string& renderer,
+                                    const std::string& desc = "");
 void saveASICustomRenderingOriginalID(std::ostream& os, uint64_t id, uint64_t originalId);
 void saveASICustomRenderingColor(std::ostream& os, uint64_t id, double time, uint32_t colorRGBA,
                                  const DataFormatUD& format);

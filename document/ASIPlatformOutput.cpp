@@ -102,16 +102,14 @@ void saveASIPlatformData(std::ostream& os, uint64_t id, double time, const DataF
 }
 
 void saveASIPlatformVerticalDatum(std::ostream& os, uint64_t id, UTILS::EVerticalDatum datum, double user) {
-  if (datum == UTILS::VD_WGS84) return;
   os << "PlatformVerticalDatum\t" << id << " ";
   if (datum == UTILS::VD_USER) os << user << "\n";
-  else os << "\"MSL\"\n";
+  else os << (datum == UTILS::VD_MSL ? "\"MSL\"\n" : "\"WGS84\"\n");
 }
 
 void saveASIPlatformMagneticVariance(std::ostream& os, uint64_t id, UTILS::EMagneticVariance variance,
                                      double user) {
-  if (variance == UTILS::MV_TRUE) return;
   os << "PlatformMagneticVariance\t" << id << " ";
   if (variance == UTILS::MV_USER) os << orvCore::angFix(user, orvCore::AE_ZERO_TWOPI) * TO_DEG << "\n";
-  else os << "\"WMM\"\n";
+  else os << (variance == UTILS::MV_WMM ? "\"WMM\"\n" : "\"TRUE\"\n");
 }

@@ -180,28 +180,33 @@ int AsiKeywordHandlers::asiRefLLA_(const Tokens& t, unsigned long) {
   return UD_NO_ERROR;
 }
 
+int AsiKeywordHandlers::setReferencePart_() {
+  if (!refLat_ || !refLon_ || !refAlt_) return UD_NO_ERROR;
+  // A part the document refuses is reported; the reference set before stays.
+  const int code = scenario_.setLatLonAlt(ref_[0], ref_[1], ref_[2]);
+  refSet_ = refSet_ || code == UD_NO_ERROR;
+  return code;
+}
+
 int AsiKeywordHandlers::asiRefLat_(const Tokens& t, unsigned long) {
   if (t.size() != 2) return UD_BAD_TOKEN_COUNT;
   if (!degrees_(t[1], ref_[0])) return UD_BAD_SCEN_REFLLA;
   refLat_ = true;
-  if (refLat_ && refLon_ && refAlt_) refSet_ = scenario_.setLatLonAlt(ref_[0], ref_[1], ref_[2]) == 0;
-  return UD_NO_ERROR;
+  return setReferencePart_();
 }
 
 int AsiKeywordHandlers::asiRefLon_(const Tokens& t, unsigned long) {
   if (t.size() != 2) return UD_BAD_TOKEN_COUNT;
   if (!degrees_(t[1], ref_[1])) return UD_BAD_SCEN_REFLLA;
   refLon_ = true;
-  if (refLat_ && refLon_ && refAlt_) refSet_ = scenario_.setLatLonAlt(ref_[0], ref_[1], ref_[2]) == 0;
-  return UD_NO_ERROR;
+  return setReferencePart_();
 }
 
 int AsiKeywordHandlers::asiRefAlt_(const Tokens& t, unsigned long) {
   if (t.size() != 2) return UD_BAD_TOKEN_COUNT;
   if (!number_(t[1], ref_[2])) return UD_BAD_SCEN_REFLLA;
   refAlt_ = true;
-  if (refLat_ && refLon_ && refAlt_) refSet_ = scenario_.setLatLonAlt(ref_[0], ref_[1], ref_[2]) == 0;
-  return UD_NO_ERROR;
+  return setReferencePart_();
 }
 
 int AsiKeywordHandlers::asiCoordSystem_(const Tokens& t, unsigned long) {
@@ -344,6 +349,24 @@ int AsiKeywordHandlers::asiPlatformRCS_(const Tokens& t, unsigned long) {
   return UD_NO_ERROR;
 }
 
+int AsiKeywordHandlers::position_(orvCore::CoordinateSystem system, const Tokens& t, double p[3]) const {
+  const std::string& lat = t[3];
+  const std::string& lon = t[4];
+  if (!number_(t[5], p[2])) return UD_BAD_PLAT_POSITION;
+  if (system != orvCore::LLA || (!scenario_.degreeAngles() && scenario_.version() != 2))
+    return number_(lat, p[0]) && number_(lon, p[1]) ? UD_NO_ERROR : UD_BAD_PLAT_POSITION;
+  // Version 2 wrote radians or degrees without saying which: what radians
+  // cannot hold is read as degrees.
+  if (!scenario_.degreeAngles() && number_(lat, p[0]) && number_(lon, p[1]) && std::fabs(p[0]) <= 2 * M_PI &&
+      std::fabs(p[1]) <= M_PI)
+    return UD_NO_ERROR;
+  if (!degrees_(lat, p[0]) || !degrees_(lon, p[1])) return UD_BAD_PLAT_POSITION;
+  // Longitudes up to a full turn either way, as the command reader allows.
+  if (scenario_.degreeAngles() && (std::fabs(p[0]) > M_PI / 2 || std::fabs(p[1]) > 2 * M_PI))
+    return UD_BAD_PLAT_POSITION;
+  return UD_NO_ERROR;
+}
+
 int AsiKeywordHandlers::asiPlatformData_(PlatformUD& platform, const Tokens& t) {
   // PlatformData id time x y z [orientation] [speed | velocity [acceleration]].
   // The orientation is yaw, pitch and roll, or four quaternion components
@@ -355,9 +378,7 @@ int AsiKeywordHandlers::asiPlatformData_(PlatformUD& platform, const Tokens& t) 
   const PlatformHeaderUD& h = *platform.Header();
   const orvCore::CoordinateSystem system = h.coordSystem;
   double p[3];
-  const bool degreePosition = system == orvCore::LLA && scenario_.degreeAngles();
-  for (int i = 0; i < 3; ++i)
-    if (!(degreePosition && i < 2 ? degrees_(t[3 + i], p[i]) : number_(t[3 + i], p[i]))) return UD_BAD_PLAT_POSITION;
+  if (const int code = position_(system, t, p)) return code;
 
   double ori[3] = {0, 0, 0};
   size_t speedColumn = 9;

@@ -24,6 +24,8 @@ class AsiKeywordHandlers {
   int asiRefLat_(const Tokens& t, unsigned long line);
   int asiRefLon_(const Tokens& t, unsigned long line);
   int asiRefAlt_(const Tokens& t, unsigned long line);
+  // Sets the reference point once RefLat, RefLon and RefAlt have all come.
+  int setReferencePart_();
   int asiCoordSystem_(const Tokens& t, unsigned long line);
   int asiScenario_(const std::string& keyword, const Tokens& t, unsigned long line);
   int asiPlatformID_(const Tokens& t, unsigned long line);
@@ -32,6 +34,8 @@ class AsiKeywordHandlers {
   int asiPlatformRCS_(const Tokens& t, unsigned long line);
   int asiPlatformOther_(const std::string& keyword, const Tokens& t, unsigned long line);
   int asiPlatformData_(PlatformUD& platform, const Tokens& t);
+  // PlatformData's position columns (tokens 3 to 5) in the platform's frame.
+  int position_(orvCore::CoordinateSystem system, const Tokens& t, double p[3]) const;
   int asiBeamID_(const Tokens& t, unsigned long line);
   int asiBeamOther_(const std::string& keyword, const Tokens& t, unsigned long line);
   int asiGateID_(const Tokens& t, unsigned long line);

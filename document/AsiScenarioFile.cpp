@@ -192,9 +192,12 @@ void AsiScenarioFile::transmitScenarioSettings(bool writeSettings, bool append) 
     PIData::setDescription(s.desc());
     PIData::setClassification(s.classification());
     PIData::setClassificationColor(__builtin_bswap32(s.classificationColor()));
-    // Without an origin the converter has none to give; the host keeps its own.
-    if (s.hasReferenceOrigin())
-      PIData::setOriginLLA(s.converter().referenceLat(), s.converter().referenceLon(), s.converter().referenceAlt());
+    // Sent even when the document never set an origin (a SCORE file without
+    // ORG): the converter then gives its zeros and says on the console that
+    // its origin is unset.
+    const double lat = s.converter().referenceLat(), lon = s.converter().referenceLon(),
+                 alt = s.converter().referenceAlt();
+    PIData::setOriginLLA(lat, lon, alt);
     PIData::setTangentPlaneOffsets(s.converter().tangentPlaneOffsetX(), s.converter().tangentPlaneOffsetY(),
                                    s.converter().tangentPlaneRotation());
     PIData::setWindDirection(s.windAngle());

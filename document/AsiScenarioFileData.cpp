@@ -184,11 +184,9 @@ std::string AsiScenarioFile::convertGenericEntityId_(const std::string& value) c
 void AsiScenarioFile::transmitGenericData_(const TimeWindowUD& window) {
   static const std::string animatedLine = "orvide_animatedline";
   for (const auto& entry : scenario_->genericData()) {
+    // An owner the host never saw (a range track with a legend but no
+    // position) has host id 0: its items go to the scenario's own data.
     const uint64_t hostId = getPluginId_(entry.first);
-    if (entry.first != 0 && hostId == 0) {
-      tellError("Unable to find generic data owner with ID = " + std::to_string(entry.first) + "\n");
-      continue;
-    }
     const GenericDataUD& data = *entry.second;
     const auto range = getAtOrInBetweenBeginAndEndIterators(data.items(), window);
     for (auto it = range.first; it != range.second; ++it)

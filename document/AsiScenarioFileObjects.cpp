@@ -12,9 +12,6 @@
 
 namespace {
 
-// Points after the first go to the host in batches of this many.
-constexpr size_t POINT_BATCH = 4096;
-
 void tellError(const std::string& text) { PICommon::notify(text, PICommon::PI_NOTIFY_ERROR, ""); }
 
 // The name an object is sent under: "Unknown" when it has none.
@@ -175,14 +172,9 @@ void AsiScenarioFile::transmitPlatformData_(const TimeWindowUD& window) {
       remember_(h.uniqueID, h.originalID, hostId);
       next = 1;
     }
-    std::vector<PIData::PIPlatformPoint> batch;
-    while (next < total) {
-      const size_t count = std::min(POINT_BATCH, total - next);
-      batch.clear();
-      for (size_t i = next; i < next + count; ++i) batch.push_back(pointAt(i));
-      PIData::addDataPoints(hostId, batch);
-      next += count;
-    }
+    // One request per state, as the command pipeline sends them: a trace of
+    // either path reads the same.
+    for (; next < total; ++next) PIData::addDataPoint(hostId, pointAt(next));
     transmitCategoryData_(hostId, platform.categoryData(), window);
     // Nothing later in the transmission reads a platform's states (beams,
     // gates and LOB groups find their host by id), and the document is

@@ -62,12 +62,19 @@ unsigned long GenericDataObject::getTagId(const std::string& tag) const {
 
 bool GenericDataObject::doesItemExist_(unsigned long tagId, const std::string& value, double time,
                                        double expireTime) const {
-  // Every item is looked for in its time's list, whatever its expiry, so
-  // that a repeated never-expiring item is found too.
+  // A never-expiring item is looked for among the expiring ones only, which
+  // never hold such items: repeating one adds it again (a second legend line
+  // of a track is kept as its own text).
+  if (expireTime < 0.0) {
+    auto perTag = expiring_.find(tagId);
+    if (perTag == expiring_.end()) return false;
+    auto at = perTag->second.find(time);
+    return at != perTag->second.end() && at->second.second.second == value;
+  }
   auto list = times_.find(time);
   if (list == times_.end()) return false;
   for (auto it = list->second.rbegin(); it != list->second.rend(); ++it)
-    if (it->second.first == tagId && it->second.second == value && it->first == expireTime) return true;
+    if (it->second.first == tagId && it->second.second == value) return true;
   return false;
 }
 

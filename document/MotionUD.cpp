@@ -17,15 +17,31 @@ orvCore::Vec3 toEcef(const MotionStateUD& state) {
   return ecef;
 }
 
-// The velocity east, north, up at `at` of a straight move from `from` to `to` over `dt`.
-void enuVelocity(const MotionStateUD& at, const orvCore::Vec3& from, const orvCore::Vec3& to, double dt,
-                 double out[3]) {
-  const double dx = (to[0] - from[0]) / dt, dy = (to[1] - from[1]) / dt, dz = (to[2] - from[2]) / dt;
+// The velocity east, north, up at `at` of the move from `from` to `to`
+// (ECEF, altitudes `fromAlt`, `toAlt`) over `dt`: along the great circle
+// between them, in the direction that the move has at `at`, and straight up
+// by the change of altitude. The chord between the points dips below the
+// surface; taken as it is, it would tilt a level track downward.
+void greatCircleVelocity(const MotionStateUD& at, const orvCore::Vec3& from, double fromAlt, const orvCore::Vec3& to,
+                         double toAlt, double dt, double out[3]) {
+  const double dx = to[0] - from[0], dy = to[1] - from[1], dz = to[2] - from[2];
   const double sinLat = std::sin(at.lat), cosLat = std::cos(at.lat);
   const double sinLon = std::sin(at.lon), cosLon = std::cos(at.lon);
-  out[0] = -sinLon * dx + cosLon * dy;
-  out[1] = -sinLat * cosLon * dx - sinLat * sinLon * dy + cosLat * dz;
-  out[2] = cosLat * cosLon * dx + cosLat * sinLon * dy + sinLat * dz;
+  const double east = -sinLon * dx + cosLon * dy;
+  const double north = -sinLat * cosLon * dx - sinLat * sinLon * dy + cosLat * dz;
+  const double across = std::hypot(east, north);
+  const double radius = 0.5 * (std::sqrt(from[0] * from[0] + from[1] * from[1] + from[2] * from[2]) +
+                               std::sqrt(to[0] * to[0] + to[1] * to[1] + to[2] * to[2]));
+  // The angle between the points seen from the earth's centre, by atan2,
+  // which stays exact for the metre steps of a dense track.
+  const double cx = from[1] * to[2] - from[2] * to[1];
+  const double cy = from[2] * to[0] - from[0] * to[2];
+  const double cz = from[0] * to[1] - from[1] * to[0];
+  const double dot = from[0] * to[0] + from[1] * to[1] + from[2] * to[2];
+  const double speed = std::atan2(std::sqrt(cx * cx + cy * cy + cz * cz), dot) * radius / dt;
+  out[0] = across > 0.0 ? speed * east / across : 0.0;
+  out[1] = across > 0.0 ? speed * north / across : 0.0;
+  out[2] = (toAlt - fromAlt) / dt;
 }
 
 int checkPlatformState(const MotionStateUD& s) {
@@ -68,15 +84,15 @@ bool LinearPlatMotionUD::GetPointBefore(double time, MotionStateUD& out) const {
 
 const MotionStateUD* LinearPlatMotionUD::EndPoint() const { return states_.empty() ? nullptr : &states_.back(); }
 
-void LinearPlatMotionUD::findSpeed_(MotionStateUD& state, double fromTime, const orvCore::Vec3& from,
-                                    double toTime, const orvCore::Vec3& to) {
-  const double dt = toTime - fromTime;
+void LinearPlatMotionUD::findSpeed_(MotionStateUD& state, const MotionStateUD& from, const orvCore::Vec3& fromEcef,
+                                    const MotionStateUD& to, const orvCore::Vec3& toEcef) {
+  const double dt = to.time - from.time;
   if (!(dt > 0.0)) {
     state.SetVelocity(0.0, 0.0, 0.0);
     return;
   }
   double velocity[3];
-  enuVelocity(state, from, to, dt, velocity);
+  greatCircleVelocity(state, fromEcef, from.alt, toEcef, to.alt, dt, velocity);
   state.SetVelocity(velocity[0], velocity[1], velocity[2]);
 }
 
@@ -93,14 +109,14 @@ void LinearPlatMotionUD::CalculateVelocities() {
   // ends one step and starts the next.
   orvCore::Vec3 from = toEcef(s[0]);
   orvCore::Vec3 to = toEcef(s[1]);
-  findSpeed_(s[0], s[0].time, from, s[1].time, to);
+  findSpeed_(s[0], s[0], from, s[1], to);
   for (size_t i = 1; i < count; ++i) {
     if (i > 1) {
       from = to;
       to = toEcef(s[static_cast<std::ptrdiff_t>(i)]);
     }
     const auto at = static_cast<std::ptrdiff_t>(i);
-    findSpeed_(s[at], s[at - 1].time, from, s[at].time, to);
+    findSpeed_(s[at], s[at - 1], from, s[at], to);
   }
 }
 

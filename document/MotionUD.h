@@ -63,10 +63,10 @@ class LinearPlatMotionUD : public BaseMotionUD {
   void setHasOrientation(bool given) { hasOrientation_ = given; }
 
  private:
-  // Velocity of `state` from the step between two states' times and ECEF
+  // Velocity of `state` from the step between two states and their ECEF
   // positions; 0 for a step without time.
-  static void findSpeed_(MotionStateUD& state, double fromTime, const orvCore::Vec3& from, double toTime,
-                         const orvCore::Vec3& to);
+  static void findSpeed_(MotionStateUD& state, const MotionStateUD& from, const orvCore::Vec3& fromEcef,
+                         const MotionStateUD& to, const orvCore::Vec3& toEcef);
 
   States states_;
   bool hasVelocity_ = false;

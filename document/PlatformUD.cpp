@@ -73,7 +73,11 @@ int PlatformUD::AddState(double time, const double* position, const double* orie
 
 int PlatformUD::AddState(double time, const double* position, const double* orientation, double speed) {
   if (speed < 0.0 || orientation == nullptr) return AddState(time, position, orientation, nullptr, nullptr);
-  if (udIsBadValue(speed)) return UD_BAD_PLAT_VELOCITY;
+  if (udIsBadValue(speed)) {
+    // Refused as a velocity: after the position and orientation checks.
+    const double bad[3] = {speed, speed, speed};
+    return AddState(time, position, orientation, bad, nullptr);
+  }
   MotionStateUD direction(time, nullptr, orientation);
   direction.SetSpeed(speed);
   const double velocity[3] = {direction.velEast, direction.velNorth, direction.velUp};

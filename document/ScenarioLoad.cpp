@@ -2,8 +2,6 @@
 // thread reads and splits lines; AsiParserThread parses them into the
 // document. Errors surface when a record comes back to the free queue, so
 // they may be reported up to 10000 lines behind the reader.
-#include <unistd.h>
-
 #include <fstream>
 
 #include <OpenThreads/ScopedLock>
@@ -22,7 +20,52 @@ AsiLoaderThread::AsiLoaderThread() : records_(POOL_SIZE) {
 
 AsiLoaderThread::~AsiLoaderThread() = default;
 
+void AsiLoaderThread::pushWork(AsiLineRecord* record, bool now) {
+  OpenThreads::ScopedLock<OpenThreads::Mutex> lock(mutex);
+  if (record != nullptr) workQueue.push_back(record);
+  if (workWanted_ != 0 && (now || workQueue.size() >= workWanted_)) {
+    workWanted_ = 0;
+    workArrived_.signal();
+  }
+}
+
+void AsiLoaderThread::pushFree(std::deque<AsiLineRecord*>& records) {
+  if (records.empty()) return;
+  OpenThreads::ScopedLock<OpenThreads::Mutex> lock(mutex);
+  freeQueue.insert(freeQueue.end(), records.begin(), records.end());
+  records.clear();
+  if (freeWanted_ != 0 && freeQueue.size() >= freeWanted_) {
+    freeWanted_ = 0;
+    freeArrived_.signal();
+  }
+}
+
+void AsiLoaderThread::takeWork(std::deque<AsiLineRecord*>& out, size_t atLeast) {
+  take_(workQueue, workArrived_, workWanted_, out, atLeast);
+}
+
+void AsiLoaderThread::takeFree(std::deque<AsiLineRecord*>& out, size_t atLeast) {
+  take_(freeQueue, freeArrived_, freeWanted_, out, atLeast);
+}
+
+void AsiLoaderThread::take_(std::deque<AsiLineRecord*>& queue, OpenThreads::Condition& arrived, size_t& wanted,
+                            std::deque<AsiLineRecord*>& out, size_t atLeast) {
+  OpenThreads::ScopedLock<OpenThreads::Mutex> lock(mutex);
+  if (queue.size() < atLeast) {
+    wanted = atLeast;
+    arrived.wait(&mutex, POLL_MILLISECONDS);
+    wanted = 0;
+  }
+  out.insert(out.end(), queue.begin(), queue.end());
+  queue.clear();
+}
+
 namespace {
+
+// Records the parser waits for once it has run out, and those the reader
+// waits for: the faster side is woken once per batch, not once per line.
+constexpr size_t WORK_BATCH = 64;
+constexpr size_t FREE_BATCH = 1000;
 
 std::string joined(const std::vector<std::string>& tokens) {
   std::string text;
@@ -84,20 +127,22 @@ void splitLine(const std::string& text, std::vector<std::string>& tokens) {
 }  // namespace
 
 void AsiParserThread::run() {
+  std::deque<AsiLineRecord*> work;  // taken from the work queue in one go
+  std::deque<AsiLineRecord*> done;  // parsed, on their way back
   for (;;) {
-    AsiLineRecord* record = nullptr;
-    {
-      OpenThreads::ScopedLock<OpenThreads::Mutex> lock(shared_.mutex);
-      if (!shared_.workQueue.empty()) {
-        record = shared_.workQueue.front();
-        shared_.workQueue.pop_front();
+    if (work.empty()) {
+      // What was parsed goes back before the wait: the reader may need it.
+      shared_.pushFree(done);
+      // Read before looking: once the end is marked, nothing more comes.
+      const bool ending = shared_.endOfFile || shared_.stop;
+      shared_.takeWork(work, WORK_BATCH);
+      if (work.empty()) {
+        if (ending) return;
+        continue;
       }
     }
-    if (record == nullptr) {
-      if (shared_.endOfFile || shared_.stop) return;
-      usleep(10000);
-      continue;
-    }
+    AsiLineRecord* record = work.front();
+    work.pop_front();
     if (shared_.stop) {
       record->result = 0;
     } else {
@@ -116,8 +161,9 @@ void AsiParserThread::run() {
         shared_.stop = true;
       }
     }
-    OpenThreads::ScopedLock<OpenThreads::Mutex> lock(shared_.mutex);
-    shared_.freeQueue.push_back(record);
+    done.push_back(record);
+    // A fatal record goes back at once: the reader stops when it meets it.
+    if (done.size() >= WORK_BATCH || shared_.stop) shared_.pushFree(done);
   }
 }
 
@@ -145,6 +191,7 @@ int ScenarioUD::load(std::istream& stream, const FileFinder&, bool, PercentCallb
   int result = 0;
   std::string line;
   std::vector<std::string> tokens;
+  std::deque<AsiLineRecord*> free;  // taken from the free queue in one go
   unsigned long number = 0;
   std::streamoff consumed = 0;
   int percent = -1;
@@ -167,31 +214,25 @@ int ScenarioUD::load(std::istream& stream, const FileFinder&, bool, PercentCallb
     }
     splitLine(line, tokens);
     if (tokens.empty()) continue;
-    AsiLineRecord* record = nullptr;
-    while (record == nullptr && !shared.stop) {
-      {
-        OpenThreads::ScopedLock<OpenThreads::Mutex> lock(shared.mutex);
-        if (!shared.freeQueue.empty()) {
-          record = shared.freeQueue.front();
-          shared.freeQueue.pop_front();
-        }
-      }
-      if (record == nullptr) usleep(5000);
-    }
-    if (record == nullptr) break;
+    while (free.empty() && !shared.stop) shared.takeFree(free, FREE_BATCH);
+    if (free.empty()) break;
+    AsiLineRecord* record = free.front();
+    free.pop_front();
     reportResult(*record);
     record->result = 0;
     record->tokens.swap(tokens);
     record->line = number;
-    OpenThreads::ScopedLock<OpenThreads::Mutex> lock(shared.mutex);
-    shared.workQueue.push_back(record);
+    shared.pushWork(record);
   }
   shared.endOfFile = true;
+  shared.pushWork(nullptr, true);  // wakes the parser for the end
   parser.join();
-  // What was parsed and not yet recycled is reported now.
+  // What was parsed and not yet recycled is reported now, in the order the
+  // records came back.
   {
     OpenThreads::ScopedLock<OpenThreads::Mutex> lock(shared.mutex);
-    for (AsiLineRecord* record : shared.freeQueue) {
+    free.insert(free.end(), shared.freeQueue.begin(), shared.freeQueue.end());
+    for (AsiLineRecord* record : free) {
       reportResult(*record);
       record->result = 0;
     }

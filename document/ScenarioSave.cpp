@@ -201,7 +201,7 @@ class Writer {
   void customRendering(const CustomRenderingUD& object) {
     const uint64_t id = object.UniqueID();
     saveASICustomRenderingRequired(os_, object.host() ? object.host()->UniqueID() : 0, id,
-                                   object.Header()->renderer);
+                                   object.Header()->renderer, object.Desc());
     saveASICustomRenderingOriginalID(os_, id, object.GetOriginalID());
     objectData(object);
     for (const auto& entry : object.colorCommands())

@@ -17,7 +17,7 @@ struct HostConfig {
   // The display application (ORVIDE) or the plot application (Kurvex).
   Application application = Application::Display;
   // The "10" generation of the application: getApplicationId answers
-  // ORVIDE 10 / Kurvex 10 (3 / 4) instead of ORVIDE / Kurvex (1 / 2).
+  // ORVIDE 10 / Kurvex 10 (0x11 / 0x12) instead of ORVIDE / Kurvex (1 / 2).
   bool version10 = false;
 
   // Initial content of the settings store, KEY -> VALUE.

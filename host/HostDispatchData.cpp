@@ -43,8 +43,10 @@ std::uint64_t Dispatcher::objectData(Request& r) {
       r.problem = "missing id or point";
       return 1;
     }
+    // Id 0 is the scenario, which must have been started, as for generic
+    // data and tables.
     HostObject* object = s.owner(*id);
-    if (!object || (*id != 0 && !(object->kind & kAnyKind))) return 1;
+    if (!object || (*id == 0 && !s.settings().initialized) || (*id != 0 && !(object->kind & kAnyKind))) return 1;
     double record[3] = {point->time, 0.0, 0.0};
     if (!s.noData()) {
       record[1] = s.strings().intern(point->categoryName);

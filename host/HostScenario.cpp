@@ -157,10 +157,12 @@ std::uint64_t HostScenario::addGenericData(std::uint64_t ownerId, double time, d
   if (!target) return 0;
   const std::uint64_t id = nextId_++;
   double record[5] = {time, expiration, 0.0, 0.0, static_cast<double>(id)};
+  // The entry is known in every mode: getObjectType must not depend on
+  // whether records are kept.
+  genericEntries_.emplace_back(id, ownerId);
   if (!noData_) {
     record[2] = strings_.intern(tag);
     record[3] = strings_.intern(value);
-    genericEntries_.emplace_back(id, ownerId);
   }
   target->data(SERIES_GENERIC).add(record, !noData_);
   return id;

@@ -30,9 +30,13 @@ uint64_t overrideRequest(int64_t subOperation, void* context) {
     reportMissingMap();
     return 0;
   }
-  PI_DATA_CATCHALL params;
-  params.ints.push_back(subOperation);
-  params.pointers.push_back(context);
+  // handle() asks for the override before every request, so one record per
+  // thread serves them all: the host only reads it, and its vectors keep
+  // their room from call to call instead of being allocated each time.
+  thread_local PI_DATA_CATCHALL params;
+  params.ints.assign(1, subOperation);
+  params.strings.clear();
+  params.pointers.assign(1, context);
   return g_functionMap->dispatch(g_functionMap, nullptr, PI_OVERRIDE_THIS_POINTER, &params, &g_functionMap);
 }
 

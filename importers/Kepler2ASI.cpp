@@ -52,11 +52,10 @@ void writeTrajectory(std::ostream& os, const std::vector<KeplerPoint>& points) {
   saveASICategoryData(os, id, -1.0, "Platform Type", "Missile", format);
   for (const KeplerPoint& p : points) {
     const double position[3] = {p.lat, p.lon, p.alt};
-    // The heading and climb of the flight path go with each point, so that
-    // the host need not derive them.
-    const double orientation[3] = {p.yaw, p.pitch, 0.0};
+    // A ballistic point is its position and velocity: the orientation
+    // columns stay 0 (the propagator's yaw and pitch are not written).
     const double velocity[3] = {p.velEast, p.velNorth, p.velUp};
-    saveASIPlatformData(os, id, p.time, format, position, orientation, velocity);
+    saveASIPlatformData(os, id, p.time, format, position, nullptr, velocity);
   }
 }
 

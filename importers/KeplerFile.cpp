@@ -5,6 +5,7 @@
 #include <strings.h>
 
 #include <cmath>
+#include <cstdio>
 #include <istream>
 #include <limits>
 #include <memory>
@@ -20,6 +21,7 @@ namespace KEPLER2ASI {
 namespace {
 
 constexpr double METRES_TO_FEET = 3.28084;
+constexpr double MAX_POINTS = 1.0e8;
 
 // A compiled pattern, matched repeatedly over a line.
 class Pattern {
@@ -227,7 +229,16 @@ int computeTrajectory(const KeplerInput& input, double timeOffset, std::vector<K
   kepler.setEventHeight(input.eventHeight / Kepler::FEET_TO_METRES);
   kepler.SetStateVec(input.stateTime, input.state, input.latRef);
   const double count = std::floor((input.tend - input.tzero) / input.dt + 0.5);
-  const long n = count > 0.0 && count < 1.0e8 ? static_cast<long>(count) : 0;
+  // A hundred million lines of text would fill the disk long before the
+  // load could show them: such a run is refused rather than started.
+  if (count >= MAX_POINTS) {
+    char text[160];
+    std::snprintf(text, sizeof text, "Too many points requested: (tend - tzero) / dt gives %.6g, more than %.6g",
+                  count, MAX_POINTS);
+    ConversionLog::issue(text);
+    return -1;
+  }
+  const long n = count > 0.0 ? static_cast<long>(count) : 0;
 
   bool beforeFirst = true;
   double previousAltitude = -std::numeric_limits<double>::infinity();

@@ -99,6 +99,8 @@ int parseTLEFile(const TLE2ASI::TleSettings& settings, TleMap& sets) {
   return parseTLEStream(in, sets);
 }
 
+// The fixed lines stand one after another as users know them; blank lines
+// set off only the column table.
 const std::string& tleFormatHelp() {
   static const std::string help =
       "Example Format:  (NOTE: More than one satellite is allowed in the file)\n"
@@ -108,20 +110,16 @@ const std::string& tleFormatHelp() {
       "STS 114\n"
       "1 28775U 05026A   05208.61974727 -.00182074  22726-4 -38038-3 0   106\n"
       "2 28775  51.6445  53.9870 0010497 238.5195 227.0457 15.97827428   169\n"
-      "\n"
       "Current Unclassified TLEs can be downloaded from:\n"
       "  the public satellite catalogue of the U.S. Space Force (space-track.org, free account)\n"
       "  or the CelesTrak element set collections (celestrak.org)\n"
-      "\n"
       "A NORAD two-line element set consists of two 69-character lines of data which\n"
       "can be used together with NORAD's SGP4/SDP4 orbital model to determine the\n"
       "position and velocity of the associated satellite. The only valid characters in\n"
       "a two-line element set are the numbers 0-9, the capital letters A-Z, the period,\n"
       "the space, and the plus and minus signs; No other characters are valid.\n"
-      "\n"
       "The TLE format accepted by ORVIDE is a three-line element set that includes the\n"
       "object name in the first line.  See format below:\n"
-      "\n"
       "Line 0: AAAAAAAAAAAAAAAAAAAAAAAA\n"
       "Line 1: N NNNNNC NNNNNAAA NNNNN.NNNNNNNN +.NNNNNNNN +NNNNN-N +NNNNN-N N NNNNN\n"
       "Line 2: N NNNNN NNN.NNNN NNN.NNNN NNNNNNN NNN.NNNN NNN.NNNN NN.NNNNNNNNNNNNNN\n"

@@ -108,8 +108,10 @@ int PropagatorAIAA::propagate(double secondsFromEpoch, double* lla, double* orie
   double r[3], v[3];
   if (!AIAA::sgp4(rec_, secondsFromEpoch / 60.0, r, v) || !std::isfinite(r[0])) {
     const int code = rec_.error != 0 ? rec_.error : 1;
-    ConversionLog::issue("Code [" + std::to_string(code) + "] occurred with " + name() +
-                         " in AIAA::sgp4: " + errorText(code));
+    // The issue line is the user's fault report and stays exactly this; the
+    // model's own words for the code go beside it on the notice stream.
+    ConversionLog::issue("Code [" + std::to_string(code) + "] occurred with " + name() + " in AIAA::sgp4");
+    ConversionLog::notice(name() + ": " + errorText(code));
     return code;
   }
   // TEME to Earth-fixed: a turn about Z by the sidereal angle of the moment.

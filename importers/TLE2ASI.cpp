@@ -134,7 +134,7 @@ int convert(const TleSettings& settings, ScenarioUD::PercentCallback* progress) 
   }
   const std::string output = settings.outputFile.empty() ? settings.inputFile + ".asi" : settings.outputFile;
   std::ofstream os;
-  if (!openForWriting(output, os, "ASI file")) return -1;
+  if (!openForWriting(output, os, "ASI file")) return -2;
   os.precision(15);
 
   const int points = pointCount(settings);

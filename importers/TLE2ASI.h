@@ -21,9 +21,9 @@ extern const char* const SUNLIGHT_COLOR;
 extern const char* const START_COLOR;
 
 // Converts settings.inputFile into settings.outputFile (the input with
-// ".asi" added when empty). 0 on success; -1 when the input can't be read,
-// holds a format error, the output can't be written, or no set gives a
-// single point; UD_USER_CANCEL when `progress` (told the percentage of sets
+// ".asi" added when empty). 0 on success; -2 when the output can't be
+// opened; -1 when the input can't be read, holds a format error, the output
+// fails while being written, or no set gives a single point; UD_USER_CANCEL when `progress` (told the percentage of sets
 // done before each set) answers a cancel. What has been written stays on
 // disk.
 int convert(const TleSettings& settings, ScenarioUD::PercentCallback* progress = nullptr);

@@ -90,9 +90,11 @@ void tokenizeAsiLine(const std::string& line, std::vector<std::string>& tokens) 
       }
     }
 
-    // Overwrite the strings of an earlier line in place to keep their buffers.
+    // Overwrite the strings of an earlier line in place to keep their buffers
+    // (clear and append take a shorter way than assign).
     if (count < tokens.size()) {
-      tokens[count].assign(data + pos, end - pos);
+      tokens[count].clear();
+      tokens[count].append(data + pos, end - pos);
     } else {
       tokens.emplace_back(data + pos, end - pos);
     }

@@ -43,6 +43,9 @@ AsiLineReader::Status AsiLineReader::next() {
   // is what getline put in the buffer, up to its null.
   const bool feed = !stream_.eof();
   line_.assign(buffer_.get(), static_cast<std::size_t>(taken) - (feed ? 1 : 0));
+  // A last line without its line feed counts as if it had one, as every
+  // other line does: the progress of a read goes by lines, not bytes.
+  if (!feed) ++consumed_;
   stripLineEnd(line_);
   return LINE;
 }

@@ -29,7 +29,8 @@ class AsiLineReader {
   Status next();
 
   const std::string& line() const { return line_; }
-  // Bytes taken from the stream so far, line ends included.
+  // Bytes taken from the stream so far, each line with one line end: a last
+  // line without a line feed counts one byte more than the file holds.
   std::uint64_t consumed() const { return consumed_; }
   // The stream's size when the reader was made (seekable streams), else -1.
   std::int64_t size() const { return size_; }

@@ -1,7 +1,6 @@
 #include "pipeline/FileReaderEngine.h"
 
-#include <unistd.h>
-
+#include <deque>
 #include <fstream>
 #include <limits>
 #include <memory>
@@ -27,7 +26,13 @@ namespace FileReaderPlugin {
 
 namespace {
 
-const useconds_t POLL_MICROSECONDS = 10000;
+// The longest wait for items before the queue is looked at again.
+const unsigned long POLL_MILLISECONDS = 10;
+// Items the calling thread waits for once it has run out: the read thread,
+// when it is the slower one, then wakes it once per batch.
+const std::size_t READY_BATCH = 64;
+// Items that have run go back to the free queue this many at a time.
+const std::size_t DONE_BATCH = 64;
 
 bool isKeyword(const std::string& token, const char* keyword) {
   const std::string word(keyword);
@@ -39,14 +44,43 @@ void deleteItems(ProtectedQueue& queue) {
   while (PipelineData* item = queue.pop()) delete item;
 }
 
-// The two queues of one read; whatever items they hold go with them.
+// The two queues of one read, the items that the calling thread has taken
+// from the full queue but not run yet, and those it has run but not given
+// back; whatever items they hold go with them.
 struct Pool {
   ProtectedQueue freeQueue;
   ProtectedQueue fullQueue;
+  std::deque<PipelineData*> ready;
+  std::deque<PipelineData*> done;
+
   ~Pool() {
     deleteItems(freeQueue);
     deleteItems(fullQueue);
+    for (PipelineData* item : ready) delete item;
+    for (PipelineData* item : done) delete item;
   }
+
+  // The next item to run, after handing back what has run; null when none
+  // came within the poll.
+  PipelineData* next() {
+    if (ready.empty()) {
+      // What has run goes back before the wait: the read thread may be
+      // waiting for it.
+      freeQueue.pushAll(done);
+      fullQueue.takeAll(ready, READY_BATCH, POLL_MILLISECONDS);
+      if (ready.empty()) return nullptr;
+    }
+    PipelineData* item = ready.front();
+    ready.pop_front();
+    return item;
+  }
+
+  // An item that has run; `now` hands it back at once.
+  void giveBack(PipelineData* item, bool now) {
+    done.push_back(item);
+    if (now || done.size() >= DONE_BATCH) freeQueue.pushAll(done);
+  }
+
 };
 
 enum class Stop { NONE, CANCELED, FATAL, TOO_MANY_ERRORS };
@@ -153,21 +187,23 @@ int FileReaderEngine::execute_(const std::string& path, MessageManager& messages
   bool completeFailed = false;
   int lastPercent = 0;
   while (true) {
-    PipelineData* item = pool.fullQueue.pop();
-    if (item == nullptr) {
-      usleep(POLL_MICROSECONDS);
-      continue;
-    }
+    PipelineData* item = pool.next();
+    if (item == nullptr) continue;
 
     bool ran = true;
     if (CommandParser* command = item->parser) ran = runCommand_(*command, item->tokens, messages);
-    // A huge line's tokens are not kept in the pool.
-    if (item->weight > ITEM_KEEP_BYTES) item->releaseTokens();
+    const bool heavy = item->weight > ITEM_KEEP_BYTES;
+    if (heavy) {
+      // A huge line's tokens are not kept in the pool, and the read thread
+      // may be waiting for the room.
+      thread->queuedWeight -= item->weight;
+      item->releaseTokens();
+    }
 
     if (!ran || messages.hasFatalError() || messages.numberOfErrors() > MAX_ERRORS) {
       stopped = !ran || messages.hasFatalError() ? Stop::FATAL : Stop::TOO_MANY_ERRORS;
       thread->stop = true;
-      pool.freeQueue.push(item);
+      pool.giveBack(item, true);
       break;
     }
 
@@ -180,13 +216,13 @@ int FileReaderEngine::execute_(const std::string& path, MessageManager& messages
       if (canceled) {
         stopped = Stop::CANCELED;
         thread->stop = true;
-        pool.freeQueue.push(item);
+        pool.giveBack(item, true);
         break;
       }
     }
 
     const bool last = item->endOfFile;
-    pool.freeQueue.push(item);
+    pool.giveBack(item, heavy || last);
     if (last) {
       if (const char* why = thread->failure()) {
         // The read thread stopped early: the rest of the file never came.

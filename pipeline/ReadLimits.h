@@ -20,8 +20,11 @@ constexpr std::size_t MAX_QUEUED_TOKEN_BYTES = std::size_t(64) << 20;
 constexpr std::size_t ITEM_KEEP_BYTES = 4096;
 
 // Distinct unknown keywords remembered for the end-of-read report; lines with
-// further unknown keywords are only counted.
-constexpr std::size_t MAX_UNSUPPORTED_KEYWORDS = 100;
+// further unknown keywords are only counted. Far above what the 500 written
+// messages of a read can show, so that every report that can be read in full
+// is complete and names the true number of keywords, while the map stays
+// within a few megabytes whatever the file holds.
+constexpr std::size_t MAX_UNSUPPORTED_KEYWORDS = 10000;
 
 // Characters of an unknown keyword kept for the report.
 constexpr std::size_t MAX_REPORTED_KEYWORD_LENGTH = 64;

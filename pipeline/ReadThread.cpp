@@ -1,7 +1,5 @@
 #include "pipeline/ReadThread.h"
 
-#include <unistd.h>
-
 #include <new>
 
 #include "core/Failure.h"
@@ -20,7 +18,11 @@ namespace FileReaderPlugin {
 
 namespace {
 
-const useconds_t POLL_MICROSECONDS = 10000;
+// The longest wait for items before the stop flag is looked at again.
+const unsigned long POLL_MILLISECONDS = 10;
+// Free items the read thread waits for once it has run out: the calling
+// thread, when it is the slower one, then wakes it once per batch.
+const std::size_t FREE_BATCH = 1000;
 
 // The memory that a token vector holds: the vector's slots and every
 // string's own buffer.
@@ -49,23 +51,29 @@ ReadThread::~ReadThread() {
 }
 
 PipelineData* ReadThread::takeFreeItem_() {
-  PipelineData* item = freeQueue->pop();
-  while (item == nullptr) {
-    usleep(POLL_MICROSECONDS);
-    if (stop) return nullptr;
-    item = freeQueue->pop();
+  while (free_.empty()) {
+    freeQueue->takeAll(free_, FREE_BATCH, POLL_MILLISECONDS);
+    if (free_.empty() && stop) return nullptr;
   }
+  PipelineData* item = free_.front();
+  free_.pop_front();
   return item;
 }
 
 bool ReadThread::pushHeld_() {
-  // One item always passes, however heavy, so a huge line cannot wait for ever.
-  while (held_->weight > 0 && fullQueue->weight() > 0 &&
-         fullQueue->weight() + held_->weight > MAX_QUEUED_TOKEN_BYTES) {
-    usleep(POLL_MICROSECONDS);
-    if (stop) return false;
+  const std::size_t weight = held_->weight;
+  const bool heavy = weight > ITEM_KEEP_BYTES;
+  if (heavy) {
+    // One item always passes, however heavy, so a huge line cannot wait for
+    // ever. Each item that comes back may have made room.
+    while (queuedWeight > 0 && queuedWeight + weight > MAX_QUEUED_TOKEN_BYTES) {
+      freeQueue->takeAll(free_, 1, POLL_MILLISECONDS);
+      if (stop) return false;
+    }
+    queuedWeight += weight;
   }
-  fullQueue->push(held_);
+  // A heavy item is no reason to wait for company.
+  fullQueue->push(held_, heavy);
   held_ = nullptr;
   return true;
 }
@@ -83,6 +91,7 @@ void ReadThread::run() {
     freeQueue->push(held_);
     held_ = nullptr;
   }
+  freeQueue->pushAll(free_);
 }
 
 void ReadThread::fail_(const char* why, unsigned long line) {
@@ -97,7 +106,7 @@ void ReadThread::fail_(const char* why, unsigned long line) {
       held_->releaseParser();
       held_->tokens.clear();
       held_->endOfFile = true;
-      fullQueue->push(held_);
+      fullQueue->push(held_, true);
       held_ = nullptr;
     }
   }
@@ -112,7 +121,8 @@ void ReadThread::sendEndOfFile_() {
   held_->weight = 0;
   held_->endOfFile = true;
   held_->parser = new NullParser("Null");
-  fullQueue->push(held_);
+  // The last item wakes the calling thread at once.
+  fullQueue->push(held_, true);
   held_ = nullptr;
 }
 
@@ -163,7 +173,13 @@ void ReadThread::readLines_() {
     tokenizeAsiLine(in.line(), held_->tokens);
     if (held_->tokens.empty()) continue;  // blank and comment lines use no item
 
-    CommandParser* command = parser->getCommand(held_->tokens);
+    const std::string& keyword = held_->tokens[0];
+    if (!looked_ || keyword != lastKeyword_) {
+      lastCommand_ = parser->getCommand(held_->tokens);
+      lastKeyword_ = keyword;
+      looked_ = true;
+    }
+    CommandParser* command = lastCommand_;
     if (command == nullptr) {
       countUnsupported_(held_->tokens[0]);
       continue;

@@ -6,8 +6,9 @@
 // breaks down is recorded for the calling thread to report.
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
-#include <istream>
+#include <deque>
 #include <map>
 #include <string>
 
@@ -18,6 +19,7 @@
 namespace FileReaderPlugin {
 
 class AsiLineReader;
+class CommandParser;
 class FileReaderParser;
 class MessageManager;
 class PipelineData;
@@ -48,6 +50,10 @@ class ReadThread : public OpenThreads::Thread {
   ProtectedQueue* fullQueue;  // not owned
   // Written by the calling thread only, read between lines.
   std::atomic<bool> stop{false};
+  // Token memory of the heavy items (over ITEM_KEEP_BYTES) handed over and not
+  // yet run: the read thread adds an item's weight as it queues it, the
+  // calling thread takes it off once the command has run.
+  std::atomic<std::size_t> queuedWeight{0};
   // Each unknown keyword as first spelled (its start only, if very long),
   // with how often it came; at most MAX_UNSUPPORTED_KEYWORDS of them.
   std::map<std::string, std::uint64_t, KeywordLess> unsupported;
@@ -57,8 +63,8 @@ class ReadThread : public OpenThreads::Thread {
  private:
   // Waits for a free item; null when told to stop meanwhile.
   PipelineData* takeFreeItem_();
-  // Queues the held item, waiting while the queued lines hold too much memory;
-  // false when told to stop meanwhile.
+  // Queues the held item; a heavy one first waits while the queued lines hold
+  // too much memory. False when told to stop meanwhile.
   bool pushHeld_();
   void readLines_();
   void countUnsupported_(const std::string& keyword);
@@ -67,6 +73,13 @@ class ReadThread : public OpenThreads::Thread {
 
   // The item being filled; goes back to the free queue if the thread ends early.
   PipelineData* held_ = nullptr;
+  // Free items taken from the free queue in one go, used one by one.
+  std::deque<PipelineData*> free_;
+  // The last keyword looked up, exactly as spelled, and the table's answer:
+  // data lines come in long runs of one keyword.
+  std::string lastKeyword_;
+  CommandParser* lastCommand_ = nullptr;
+  bool looked_ = false;
   const char* failure_ = nullptr;
   unsigned long failureLine_ = 0;
 };

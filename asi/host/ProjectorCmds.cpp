@@ -53,9 +53,11 @@ void ProjectorId::transmit() {
     }
     if (resolver != nullptr) resolver->setProjectorId(host->uniqueId(), id_, header, uniqueId);
   }
-  // Nothing ever waits under a projector's number, and that number may be
-  // another entity's ASI id: no parked commands are run here.
   projector->setUniqueId(uniqueId);
+  // Category data, generic data and tables of newer files wait under the
+  // projector's number. Should that number also be an entity's, that
+  // entity's waiting commands run early and, finding it absent, wait again.
+  provider_->transmitCommands(id_);
 }
 
 void ProjectorRasterFile::transmit() {

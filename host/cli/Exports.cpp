@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 
 #include "host/HostScenario.h"
 #include "host/TerminalText.h"
@@ -20,12 +21,29 @@ ExportFormat exportFormat(const std::string& path) {
   return ExportFormat::None;
 }
 
+namespace {
+
+// Why a converted point can't be drawn on a map, or "" when it can. --check
+// reports such points; an export would write a wrong number (or "inf").
+std::string unplaceable(const PlatformTrack& track) {
+  for (const GeoPoint& p : track.points) {
+    const bool onEarth = std::fabs(p.lat) <= M_PI / 2 + 1e-9 && std::fabs(p.lon) <= 2 * M_PI + 1e-9 &&
+                         std::isfinite(p.alt) && std::isfinite(p.ecef.x()) && std::isfinite(p.ecef.y()) &&
+                         std::isfinite(p.ecef.z());
+    if (!onEarth) return "point " + std::to_string(p.index + 1) + " is no position on the earth";
+  }
+  return std::string();
+}
+
+}  // namespace
+
 ExportScene exportScene(const HostScenario& scenario) {
   ExportScene scene;
   scene.scenario = &scenario;
   scene.referenceYear = scenario.settings().referenceYear;
   TrackConverter converter(scenario);
   for (PlatformTrack& track : converter.allPlatforms()) {
+    if (track.problem.empty()) track.problem = unplaceable(track);
     if (!track.problem.empty()) {
       // Never a wrong position: a platform that can't be placed stays out.
       scene.leftOut.push_back("platform \"" + terminalSafe(track.object->header.name) + "\" (id " +

@@ -99,6 +99,38 @@ TEST_F(Loader, DeprecatedAnimatedLinesAreRefused) {
   EXPECT_EQ(scenario.getGenericData(1)->items().size(), 1u);
 }
 
+TEST_F(Loader, ABadReferencePartIsReportedAndKeepsTheReferenceSet) {
+  ScenarioUD scenario;
+  EXPECT_EQ(load(scenario, "Version 24\nRefLat 30\nRefLon -120\nRefAlt 10\nCoordSystem LLA\n"
+                           "RefAlt 1e39\nPlatformID 1\n"),
+            0);
+  EXPECT_NE(errors.str().find("see line #6"), std::string::npos) << errors.str();
+  EXPECT_NE(scenario.findPlatform(1), nullptr) << errors.str();
+  EXPECT_DOUBLE_EQ(scenario.converter().referenceAlt(), 10.0);
+}
+
+TEST_F(Loader, GeodeticPositionsOutOfRangeOrOfVersionTwoFiles) {
+  // In degrees: latitudes beyond 90 and longitudes beyond 360 are refused.
+  ScenarioUD degrees;
+  EXPECT_EQ(load(degrees, "Version 24\nRefLLA 30 -120 0\nCoordSystem LLA\nDegreeAngles 1\nPlatformID 1\n"
+                          "PlatformData 1 10 91 -120 0\nPlatformData 1 20 30 361 0\nPlatformData 1 30 30 359 0\n"),
+            0);
+  EXPECT_NE(errors.str().find("see line #6"), std::string::npos) << errors.str();
+  EXPECT_NE(errors.str().find("see line #7"), std::string::npos) << errors.str();
+  EXPECT_EQ(degrees.findPlatform(1)->Motion()->Size(), 1u);
+  // Version 2 without degrees: radians where they fit, degrees otherwise.
+  ScenarioUD two;
+  ASSERT_EQ(load(two, "Version 2\nRefLLA 30 -120 0\nCoordSystem LLA\nPlatformID 1\n"
+                      "PlatformData 1 10 0.5 -2 0\nPlatformData 1 20 30 -120 0\n"),
+            0)
+      << errors.str();
+  const auto& states = two.findPlatform(1)->Motion()->states();
+  ASSERT_EQ(states.size(), 2u);
+  EXPECT_DOUBLE_EQ(states.at(10).lat, 0.5);
+  EXPECT_NEAR(states.at(20).lat, 30 * M_PI / 180, 1e-12);
+  EXPECT_NEAR(states.at(20).lon, -120 * M_PI / 180, 1e-12);
+}
+
 TEST_F(Loader, WrittenScenarioReadsBack) {
   ScenarioUD original;
   original.setLatLonAlt(0.5, -2.0, 0);
@@ -111,6 +143,13 @@ TEST_F(Loader, WrittenScenarioReadsBack) {
   p->AddState(10, a, nullptr, nullptr);
   p->AddState(20, b, nullptr, nullptr);
   original.addCategoryData(4, -1, "Platform Type", "Aircraft");
+  p->Header()->SetVerticalDatum(UTILS::VD_MSL);
+  auto crHeader = std::make_unique<CustomRenderingHeaderUD>();
+  crHeader->uniqueID = 5;
+  crHeader->desc = "range rings";
+  crHeader->SetRenderer("rings");
+  auto* rings = new CustomRenderingUD(&original, p, std::move(crHeader));
+  ASSERT_EQ(rings->AddToScenario(&original), 0);
   DataTable* table = original.AddDataTable(4, "T");
   int64_t column = 0;
   table->addColumn("v", UTILS::VT_FLOAT64, column);
@@ -129,6 +168,11 @@ TEST_F(Loader, WrittenScenarioReadsBack) {
   ASSERT_EQ(back->Motion()->Size(), 2u);
   EXPECT_NEAR(back->Motion()->states().at(20).lat, 0.51, 1e-12);
   EXPECT_EQ(back->categoryData().size(), 1u);
+  EXPECT_EQ(back->Header()->verticalDatum, UTILS::VD_MSL);
+  const CustomRenderingUD* ringsBack = copy.findCustomRendering(5);
+  ASSERT_NE(ringsBack, nullptr);
+  EXPECT_EQ(ringsBack->Desc(), "range rings");
+  EXPECT_EQ(ringsBack->Header()->renderer, "rings");
   ASSERT_EQ(copy.dataTables().getNumberOfDataTables(), 1u);
   EXPECT_EQ(copy.dataTables().tables().begin()->second->getNumRows(), 1u);
 }

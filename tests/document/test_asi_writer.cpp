@@ -65,7 +65,8 @@ TEST_F(Writer, PlatformLinesInOrder) {
   ASSERT_EQ(scenario.save(out, orvCore::LLA), 0);
   const std::string text = out.str();
   const size_t id = text.find("# Platform Keywords\nPlatformID\t7\nPlatformName\t7 \"ship 7\"\nPlatformIcon\t7 \"None\"\n"
-                              "OriginalID\t7 900\nPlatformInterpolate\t7 1\n");
+                              "OriginalID\t7 900\nPlatformInterpolate\t7 1\n"
+                              "PlatformVerticalDatum\t7 \"WGS84\"\nPlatformMagneticVariance\t7 \"TRUE\"\n");
   ASSERT_NE(id, std::string::npos) << text;
   EXPECT_EQ(text.find("PlatformOffset"), std::string::npos);
   const size_t data = text.find("PlatformData\t7 \"100.00000000\" 0.5 -2 10\n");

@@ -140,6 +140,26 @@ TEST(PlatformMotion, VelocitiesAndFlightPathFromPositions) {
   EXPECT_NEAR(second.velEast, 0.0, 1e-6);
   motion.CalculateFlightPathAnglePitch();
   EXPECT_NEAR(motion.states().at(100).pitch, std::atan2(1.0, 11.06), 0.01);
+
+  // A level track stays level over a long step: the velocity follows the
+  // surface (a degree of the equator at 5 km in 100 s), not the chord under it.
+  LinearPlatMotionUD level;
+  level.AddState(platformState(0, 0, 0, 5000));
+  level.AddState(platformState(100, 0, 1, 5000));
+  level.CalculateVelocities();
+  level.CalculateFlightPathAnglePitch();
+  for (const MotionStateUD& s : level.states()) {
+    EXPECT_NEAR(s.velEast, (6378137.0 + 5000) * kDeg / 100, 1e-6);
+    EXPECT_NEAR(s.velNorth, 0.0, 1e-9);
+    EXPECT_EQ(s.velUp, 0.0);
+    EXPECT_EQ(s.pitch, 0.0);
+  }
+  // A dense track keeps its speed: a metre a second north along the equator
+  // (the meridian's radius of curvature there is a(1 - e^2)).
+  LinearPlatMotionUD dense;
+  for (int t = 0; t < 3; ++t) dense.AddState(platformState(t, t * 1e-5, 0, 0));
+  dense.CalculateVelocities();
+  EXPECT_NEAR(dense.states().at(2).velNorth, 6335439.327 * 1e-5 * kDeg, 1e-5);
 }
 
 TEST(PlatformMotion, CullKeepsEndsAndDropsStraightMiddles) {
@@ -262,6 +282,13 @@ TEST_F(PlatformStates, SpeedFormBuildsVelocityAlongYaw) {
   EXPECT_NEAR(s.velNorth, 0, 1e-12);
   EXPECT_NEAR(s.Speed(), 10, 1e-12);
   EXPECT_TRUE(platform->Motion()->hasVelocity());
+  // A bad speed is a bad velocity, checked after position and orientation.
+  const double nanPos[3] = {NAN, 0, 0};
+  const double badAngle[3] = {7, 0, 0};
+  EXPECT_EQ(platform->AddState(6, nanPos, ori, NAN), UD_BAD_PLAT_POSITION);
+  EXPECT_EQ(platform->AddState(6, pos, badAngle, 4e38), UD_BAD_PLAT_ANGLE);
+  EXPECT_EQ(platform->AddState(6, pos, ori, 4e38), UD_BAD_PLAT_VELOCITY);
+  EXPECT_EQ(platform->Motion()->Size(), 1u);
 }
 
 TEST(AngleChecks, Limits) {

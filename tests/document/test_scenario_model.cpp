@@ -134,8 +134,8 @@ TEST_F(Model, GenericAndCategoryDataOfObjects) {
   EXPECT_EQ(scenario.categoryManager().getCategoryNameString(entry.first), "Affinity");
   EXPECT_EQ(scenario.categoryManager().getCategoryValueString(entry.first, entry.second.at(10)), "Friendly");
 
-  EXPECT_EQ(scenario.addGenericData(1, "Tag", "v", 3), 0);
-  EXPECT_EQ(scenario.addGenericData(1, "Tag", "v", 3), UD_GENERIC_EXISTS);
+  EXPECT_EQ(scenario.addGenericData(1, "Tag", "v", 3, 5), 0);
+  EXPECT_EQ(scenario.addGenericData(1, "Tag", "v", 3, 5), UD_GENERIC_EXISTS);
   EXPECT_EQ(scenario.addGenericData(1, "", "v", 3), UD_BAD_GENERIC_VALUES);
   EXPECT_EQ(p->EnterGenericData("Other", "w", 4), 0);
   const GenericDataUD* data = scenario.getGenericData(1);
@@ -149,6 +149,10 @@ TEST(GenericData, ExpiryAndClearDecideWhatIsCurrent) {
   GenericDataObject data(1);
   EXPECT_EQ(data.addState("T", "a", 0, 5), 0);
   EXPECT_EQ(data.addState("U", "b", 0, -1), 0);
+  // Only expiring items count as repeats; a never-expiring one is kept again.
+  EXPECT_EQ(data.addState("T", "a", 0, 7), 3);
+  EXPECT_EQ(data.addState("U", "b", 0, -1), 0);
+  EXPECT_EQ(data.items().at(0).size(), 3u);
   EXPECT_EQ(data.addState("U", "ClearGenData", 10, -1), 0);
   EXPECT_EQ(data.addState("\"\"", "x", 0, -1), 1);
   EXPECT_EQ(data.addState("T", "x", -2, -1), 2);

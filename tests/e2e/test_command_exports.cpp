@@ -192,6 +192,23 @@ TEST_F(Exports, EciConvertsWithItsReferenceTimeAndAFrameWithoutOriginIsLeftOut) 
   EXPECT_EQ(e2e::readText(work / "frames.csv").find("drifter"), std::string::npos);
 }
 
+TEST_F(Exports, APositionBeyondTheEarthsNumbersIsLeftOutAndTheFilesStayJson) {
+  // Finite numbers that the host takes, whose position overflows on conversion.
+  std::ofstream(path("overflow.asi")) << "Version 24\nReferenceYear 2024\nCoordSystem LLA\nRefLLA 0 0 0\n"
+                                         "PlatformID 1\nPlatformName 1 runaway\n"
+                                         "PlatformData 1 0 0.5 0.5 0\nPlatformData 1 10 1e308 1e308 1e308\n"
+                                         "PlatformID 2\nPlatformName 2 buoy\nPlatformData 2 0 0.5 0.5 0\n";
+  const e2e::Outcome r = run({"--export", "overflow.geojson", "--export", "overflow.czml", path("overflow.asi")});
+  EXPECT_NE(r.err.find("platform \"runaway\" (id 1) is left out: point 2 is no position on the earth"), std::string::npos)
+      << r.err;
+  nlohmann::json features, czml;
+  ASSERT_NO_THROW(features = json("overflow.geojson")["features"]);
+  ASSERT_NO_THROW(czml = json("overflow.czml"));
+  ASSERT_EQ(features.size(), 1u);
+  EXPECT_EQ(features[0]["properties"]["name"], "buoy");
+  EXPECT_EQ(czml.size(), 2u) << "the document and the buoy";
+}
+
 TEST_F(Exports, BadExportRequestsAreUsageErrors) {
   EXPECT_EQ(run({"--export", "out.shp", example("minimal.asi")}).status, 64);
   EXPECT_EQ(run({"--plot", "out.jpg", example("minimal.asi")}).status, 64);

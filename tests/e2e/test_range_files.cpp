@@ -153,6 +153,46 @@ TEST_F(RangeFiles, BadLineIsReportedWithItsNumberAndTheRestLoads) {
   EXPECT_EQ(dump["objects"].size(), 1u);
 }
 
+TEST_F(RangeFiles, RepeatedLegendKeepsBothTextsAndUpdatesCategories) {
+  const std::string legend = "LEG,2021,1,15,10,0,0,LTS,1,Ship,Ship,x,1,0,0\n";
+  const e2e::Outcome r = load(write("twice.csv", "COM,x\nPKL,0,0,0,0,0,0,Source,TID\n" + legend +
+                                                    "LEG,2021,1,15,10,0,0,LTS,1,Other,Sub,x,2,0,0\n" + legend +
+                                                    "POS,2021,1,15,10,0,0,LTS,1,33,-118,0,0,0,0,0,0,0,0,0,0,0,0\n"));
+  ASSERT_EQ(r.status, 0) << r.out << r.err;
+  EXPECT_NE(r.out.find("Already seen this LEG, src= LTS, tid= 1, updating ...\n"), std::string::npos) << r.out;
+  const auto dump = json("dump.json");
+  ASSERT_EQ(dump["objects"].size(), 1u);
+  const nlohmann::json& ship = dump["objects"][0];
+  // Name and icon stay those of the first legend; the categories follow the last.
+  EXPECT_EQ(ship["header"]["name"], "Ship");
+  EXPECT_EQ(ship["header"]["icon"], "ShipV_F.png");
+  EXPECT_EQ(categories(ship)["Affinity"], "Friendly");
+  EXPECT_EQ(generic(ship["data"], "LEG"),
+            (std::vector<std::string>{"LTS 1 Ship Ship x 1 0 0", "LTS 1 Other Sub x 2 0 0", "LTS 1 Ship Ship x 1 0 0"}));
+}
+
+TEST_F(RangeFiles, LegendWithoutPositionsKeepsItsTextOnTheScenario) {
+  const e2e::Outcome r = load(write("idle.csv", "COM,x\nPKL,0,0,0,0,0,0,Source,TID\n"
+                                                "LEG,2021,1,15,10,0,0,LTS,2,Idle,Ship,x,1,0,0\n"
+                                                "LEG,2021,1,15,10,0,0,LTS,1,Ship,Ship,x,1,0,0\n"
+                                                "POS,2021,1,15,10,0,0,LTS,1,33,-118,0,0,0,0,0,0,0,0,0,0,0,0\n"));
+  ASSERT_EQ(r.status, 0) << r.out << r.err;
+  EXPECT_EQ(messages(3), "");
+  const auto dump = json("dump.json");
+  ASSERT_EQ(dump["objects"].size(), 1u);
+  EXPECT_EQ(generic(dump["scenarioData"], "LEG"), std::vector<std::string>{"LTS 2 Idle Ship x 1 0 0"});
+  EXPECT_EQ(generic(dump["objects"][0]["data"], "LEG"), std::vector<std::string>{"LTS 1 Ship Ship x 1 0 0"});
+}
+
+TEST_F(RangeFiles, ScoreFileWithoutOriginSendsTheUnsetOrigin) {
+  const e2e::Outcome r = load(write("noorg.csv", "COM,x\nPKL,0,0,0,0,0,0,Source,TID\n"
+                                                 "POS,2021,1,15,10,0,0,LTS,1,33,-118,0,0,0,0,0,0,0,0,0,0,0,0\n"));
+  ASSERT_EQ(r.status, 0) << r.out << r.err;
+  const auto dump = json("dump.json");
+  EXPECT_EQ(dump["scenario"]["originLLA"], nlohmann::json::array({0.0, 0.0, 0.0}));
+  EXPECT_EQ(dump["objects"].size(), 1u);
+}
+
 TEST_F(RangeFiles, FilesThatAreNotRangeFilesAreRefused) {
   const e2e::Outcome other = load(write("other.csv", "name,lat,lon\nship,1,2\n"));
   EXPECT_EQ(other.status, 3);

@@ -81,6 +81,7 @@ TEST_F(TableCommands, EveryComplaintOfTheThreeCommands) {
       "DataTableRow 77 1 1 1\n"                         // 21
       "DataTable 1 13 \"W\" F FLOAT32\n"                 // 22
       "DataTableRow 13 1 abc\n"                          // 23
+      "DataTableRow 13 2 1e39\n"                         // 24: beyond a FLOAT32
       "PlatformData 1 0 36.6 -121.9 0 0 0 0\nPlatformData 1 10 36.61 -121.9 0 0 0 0\n");
   const e2e::Outcome r = run({"--dump", "dump.json", "--messages", "messages.jsonl", file});
   EXPECT_EQ(r.status, 2) << r.err;
@@ -100,7 +101,8 @@ TEST_F(TableCommands, EveryComplaintOfTheThreeCommands) {
       "Line 19 DataTableRow: The command DataTableRow specifies the wrong number of values\n",
       "Line 20 DataTableRow: Need at least 3 arguments\n",
       "Line 21 DataTableRow: Could not find specified table\n",
-      "Line 23 DataTableRow: Invalid double specified for column 1\n"};
+      "Line 23 DataTableRow: Invalid double specified for column 1\n",
+      "Line 24 DataTableRow: Invalid double specified for column 1\n"};
   std::vector<std::string> got = texts();
   ASSERT_GE(got.size(), expected.size());
   got.resize(expected.size());

@@ -1,7 +1,9 @@
 // Data of objects and data tables, through the client wrappers.
 
+#include <algorithm>
 #include <cmath>
 #include <sstream>
+#include <vector>
 
 #include "HostFixture.h"
 
@@ -174,6 +176,21 @@ TEST_F(HostTest, CategoryAndGenericData) {
   EXPECT_EQ(static_cast<uint64_t>(g[4]), entry);
 }
 
+TEST_F(HostTest, TheScenariosOwnDataNeedsAScenario) {
+  const PICategoryDataPoint category{-1.0, "Exercise", "RIMPAC"};
+  const PIGenericDataPoint generic{1.0, -1.0, "tag", "value"};
+  int64_t table = 0;
+  EXPECT_NE(addCategoryData(0, category), 0);
+  EXPECT_EQ(createGenericData(0, generic), 0u);
+  EXPECT_NE(addDataTable(0, "T", {"a"}, {UTILS::VT_INT32}, &table), 0);
+  EXPECT_EQ(host->scenario().scenarioObject().data(RefHost::SERIES_CATEGORY).count(), 0u);
+
+  initializeScenario("test.asi", 0, PI_PROTOCOL_NONE, false);
+  EXPECT_EQ(addCategoryData(0, category), 0);
+  EXPECT_NE(createGenericData(0, generic), 0u);
+  EXPECT_EQ(addDataTable(0, "T", {"a"}, {UTILS::VT_INT32}, &table), 0);
+}
+
 TEST_F(HostTest, FlushDropsDataByType) {
   const uint64_t platform = scenarioWithPlatform();  // first point at time 0
   addDataPoint(platform, platformPoint(-1.0));
@@ -188,6 +205,26 @@ TEST_F(HostTest, FlushDropsDataByType) {
   EXPECT_EQ(host->scenario().find(platform)->data(RefHost::SERIES_STATUS).count(), 0u);
   EXPECT_NE(flushEntityData(platform, 7), 0);
   EXPECT_NE(flushEntityData(999, PI_FLUSH_ALL), 0);
+}
+
+TEST_F(HostTest, LongSeriesKeepEveryRecordInOrderThroughFlushes) {
+  const uint64_t platform = scenarioWithPlatform();  // first point at time 0
+  // Thousands of points, every third one static, so that records lie in
+  // many blocks of storage and a flush has to gather them again.
+  for (int i = 1; i <= 5000; ++i) addDataPoint(platform, platformPoint(i % 3 == 0 ? -1.0 : i, i));
+  const RefHost::Series& points = host->scenario().find(platform)->data(RefHost::SERIES_POINTS);
+  ASSERT_EQ(points.count(), 5001u);
+  for (std::size_t i = 1; i <= 5000; ++i) ASSERT_EQ(points.record(i)[1], static_cast<double>(i)) << i;
+
+  EXPECT_EQ(flushEntityData(platform, PI_FLUSH_STATIC), 0);
+  ASSERT_EQ(points.count(), 3335u);
+  std::vector<double> kept;
+  for (std::size_t i = 0; i < points.count(); ++i) kept.push_back(points.record(i)[1]);
+  EXPECT_EQ(kept[1], 1.0);
+  EXPECT_EQ(kept[2], 2.0);
+  EXPECT_EQ(kept[3], 4.0);
+  EXPECT_EQ(kept.back(), 5000.0);
+  EXPECT_TRUE(std::is_sorted(kept.begin(), kept.end()));
 }
 
 TEST_F(HostTest, DataTablesRoundTrip) {

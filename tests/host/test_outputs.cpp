@@ -185,6 +185,8 @@ TEST_F(HostTest, NoDataModeKeepsCountsAndSpansOnly) {
 
   // Look-ups and the clock still work on counts alone.
   EXPECT_EQ(findPlatform("ship"), platform);
+  const uint64_t entry = createGenericData(platform, PIGenericDataPoint{4.0, -1.0, "tag", "value"});
+  EXPECT_EQ(getObjectType(entry), PI_OBJECT_GENERIC_DATA) << "an entry keeps its type without its record";
   EXPECT_EQ(clockAutoConfigureBeginEnd(), 0);
   EXPECT_EQ(clockGetEnd(), 500.0);
 }

@@ -130,6 +130,18 @@ TEST(KeplerTrajectory, ModesChooseWhereTheWrittenTrackStarts) {
   EXPECT_GE(mode3.front().alt, 30000 * 0.3048 - 1e-6);
 }
 
+TEST(KeplerTrajectory, ARunOfTooManyPointsIsRefusedByName) {
+  std::string endless = kBallistic;
+  endless.replace(endless.find("tend 2000"), 9, "tend 1e12");
+  const Read r = read(endless);
+  ASSERT_EQ(r.result, 0) << r.told;
+  std::vector<KeplerPoint> points;
+  ::testing::internal::CaptureStderr();
+  EXPECT_NE(KEPLER2ASI::computeTrajectory(r.input, 0.0, points), 0);
+  EXPECT_THAT(::testing::internal::GetCapturedStderr(), HasSubstr("Too many points"));
+  EXPECT_TRUE(points.empty());
+}
+
 TEST(KeplerTrajectory, ACircularOrbitKeepsItsHeightAndPeriod) {
   // 400 km up over the equator, the circular speed along Y (inertial), so
   // the Earth-fixed vector subtracts the earth's turn.

@@ -112,6 +112,14 @@ TEST_F(SatelliteConvert, FilesThatGiveNoPointFail) {
   EXPECT_EQ(quietly([&] { return TLE2ASI::convert(settings); }, &told), -1);
   EXPECT_THAT(told, HasSubstr("No element sets found in TLE file"));
 
+  // An output that can't be opened has its own answer.
+  settings.inputFile = write("iss.tle", std::string(kSets).substr(0, std::string(kSets).find("MINOTAUR")));
+  settings.span = 1.0;
+  settings.outputFile = (folder_ / "no-such-folder" / "iss.asi").string();
+  EXPECT_EQ(quietly([&] { return TLE2ASI::convert(settings); }, &told), -2);
+  EXPECT_THAT(told, HasSubstr("Cannot write the ASI file <" + settings.outputFile + ">"));
+  settings.outputFile.clear();
+
   settings.inputFile = (folder_ / "missing.tle").string();
   EXPECT_EQ(quietly([&] { return TLE2ASI::convert(settings); }, &told), -1);
   EXPECT_THAT(told, HasSubstr("Cannot open input TLE file <" + settings.inputFile + ">"));

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <sstream>
 
@@ -97,6 +98,16 @@ TEST(TleParser, FormatErrorsStopWithTheirMessageAndTheHelp) {
     EXPECT_THAT(p.help, HasSubstr("Line 2: N NNNNN NNN.NNNN NNN.NNNN NNNNNNN NNN.NNNN NNN.NNNN NN.NNNNNNNNNNNNNN"));
     EXPECT_THAT(p.help, HasSubstr("2.10   69       Checksum (Modulo 10)"));
   }
+  // The fixed lines of the help follow one another as they stand, with the
+  // two catalogue lines between "downloaded from:" and the NORAD paragraph.
+  const std::string help = ParseTLE::tleFormatHelp();
+  EXPECT_THAT(help, HasSubstr("15.97827428   169\nCurrent Unclassified TLEs can be downloaded from:\n"));
+  const size_t from = help.find("downloaded from:\n") + 17;
+  const size_t norad = help.find("A NORAD two-line element set consists");
+  ASSERT_NE(norad, std::string::npos);
+  EXPECT_EQ(std::count(help.begin() + from, help.begin() + norad, '\n'), 2) << help.substr(from, norad - from);
+  EXPECT_THAT(help, HasSubstr("No other characters are valid.\nThe TLE format accepted by ORVIDE is"));
+  EXPECT_THAT(help, HasSubstr("See format below:\nLine 0: AAAAAAAAAAAAAAAAAAAAAAAA\nLine 1: "));
 }
 
 TEST(TleParser, AFileThatCantBeOpenedIsNamed) {

@@ -241,6 +241,14 @@ TEST(EngineProgress, ReportsAtMostOncePerWholePercentAndAtTheEnd) {
   EXPECT_EQ(run.progress.events, static_cast<int>(values.size()));
 }
 
+TEST(EngineProgress, EachLineCountsWithALineFeedEvenTheLastWithout) {
+  // 10 + 6 bytes of 21 are 76%; the last line counts 5 + 1 bytes, 104%. The
+  // end item is a fresh one, which still says 0.
+  EngineRun run("Version 3\nCmd a\nCmd b");
+  EXPECT_EQ(run.result, 0);
+  EXPECT_EQ(run.progress.values, (std::vector<int>{760, 1040, 0}));
+}
+
 TEST(EngineCancel, CancelOnTheLastItemGivesOneWithoutCompletion) {
   // Only the end item reports progress in a file this small.
   EngineRun run("Version 3\nCmd\nfoo\n", 1);

@@ -180,18 +180,30 @@ TEST(LongLines, ManyHugeLinesOfTinyTokensStillRead) {
   EXPECT_EQ(read.parser.journal.executed.back(), "14:Cmd end");
 }
 
-TEST(UnknownKeywords, TheReportKeepsAHundredKeywordsAndCountsTheRest) {
+TEST(UnknownKeywords, EveryKeywordThatTheMessagesCanShowIsReported) {
   std::string content = "Version 3\n";
   for (int i = 0; i < 150; ++i) content += "kw" + std::to_string(1000 + i) + "\nkw" + std::to_string(1000 + i) + "\n";
-  content += std::string(200, 'L') + "\n";
   Read read(content);
   EXPECT_EQ(read.result, 0);
   const std::vector<std::string> texts = read.texts();
-  ASSERT_EQ(texts.size(), 102u);
-  EXPECT_EQ(texts[0], "The following 100 commands are unsupported:");
+  ASSERT_EQ(texts.size(), 151u);
+  EXPECT_EQ(texts[0], "The following 150 commands are unsupported:");
   EXPECT_EQ(texts[1], "Command \"kw1000\" appeared 2 times");
-  EXPECT_EQ(texts[100], "Command \"kw1099\" appeared 2 times");
-  EXPECT_EQ(texts[101], "Commands with further unsupported keywords appeared 101 times");
+  EXPECT_EQ(texts[150], "Command \"kw1149\" appeared 2 times");
+}
+
+TEST(UnknownKeywords, TheReportKeepsItsMaximumAndCountsTheRest) {
+  std::string content = "Version 3\n";
+  const std::size_t distinct = FileReaderPlugin::MAX_UNSUPPORTED_KEYWORDS + 3;
+  for (std::size_t i = 0; i < distinct; ++i) content += "kw" + std::to_string(100000 + i) + "\n";
+  content += "kw" + std::to_string(100000 + distinct - 1) + "\n";
+  Read read(content);
+  EXPECT_EQ(read.result, 0);
+  ASSERT_FALSE(read.texts().empty());
+  EXPECT_EQ(read.texts()[0],
+            "The following " + std::to_string(FileReaderPlugin::MAX_UNSUPPORTED_KEYWORDS) + " commands are unsupported:");
+  // The header, one line per kept keyword and the line of the rest (4 lines).
+  EXPECT_EQ(read.messages.numberOfInfos(), FileReaderPlugin::MAX_UNSUPPORTED_KEYWORDS + 2);
 }
 
 TEST(UnknownKeywords, AVeryLongKeywordIsReportedByItsStart) {
