@@ -5,7 +5,10 @@
 #include <cerrno>
 #include <cmath>
 #include <cstdlib>
+#include <cstdint>
 #include <cstring>
+#include <limits>
+#include <type_traits>
 #include <strings.h>
 #include <system_error>
 
@@ -66,17 +69,96 @@ bool narrowSigned(const std::string& text, Narrow& out, bool allowPlus, int low,
   return true;
 }
 
-// A text that stringIsIntegerNumber has passed (digits with one leading sign
-// at most) as a whole integer; false on overflow, leaving `out` alone.
+unsigned digitOf(char c) { return static_cast<unsigned>(static_cast<unsigned char>(c)) - '0'; }
+
+// The whole text as a decimal integer of type Integer, checked and converted
+// in one pass: one sign at most ("-" only for signed types, "+" when
+// allowed), then digits only; false on overflow. `out` is already 0.
 template <typename Integer>
-bool wholeInteger(const std::string& text, Integer& out) {
-  const char* first = text.data();
-  const char* last = first + text.size();
-  if (first != last && *first == '+') ++first;
-  Integer value = 0;
-  const std::from_chars_result read = std::from_chars(first, last, value);
-  if (read.ec != std::errc() || read.ptr != last) return false;
-  out = value;
+bool readInteger(const std::string& text, Integer& out, bool allowPlus) {
+  const char* p = text.data();
+  const char* const end = p + text.size();
+  bool negative = false;
+  if (p != end && *p == '-') {
+    if (!std::is_signed<Integer>::value) return false;
+    negative = true;
+    ++p;
+  } else if (p != end && *p == '+') {
+    if (!allowPlus) return false;
+    ++p;
+  }
+  if (p == end) return false;
+  using Magnitude = typename std::make_unsigned<Integer>::type;
+  const Magnitude largest = static_cast<Magnitude>(std::numeric_limits<Integer>::max());
+  // The most negative value is one further from zero than the largest.
+  const Magnitude limit = negative ? static_cast<Magnitude>(largest + 1u) : largest;
+  Magnitude magnitude = 0;
+  for (; p != end; ++p) {
+    const unsigned digit = digitOf(*p);
+    if (digit > 9) return false;
+    if (magnitude > (limit - digit) / 10u) return false;
+    magnitude = static_cast<Magnitude>(magnitude * 10u + digit);
+  }
+  out = negative ? static_cast<Integer>(Magnitude(0) - magnitude) : static_cast<Integer>(magnitude);
+  return true;
+}
+
+// Powers of ten that a double holds exactly.
+const double EXACT_POWERS_OF_TEN[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                      1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+const int LARGEST_EXACT_POWER = 22;
+// Integers up to 2^53 are exact in a double.
+const std::uint64_t LARGEST_EXACT_MANTISSA = std::uint64_t(1) << 53;
+
+// Reads the whole text as a plain decimal ([sign] digits [. digits]
+// [e [sign] digits]) in one pass, when its value can be formed with one
+// rounding: at most 19 digits worth at most 2^53, scaled by an exactly held
+// power of ten. A single multiplication or division of two exact doubles is
+// correctly rounded, so the result is the one strtod gives. False for
+// anything else, which the caller reads the general way: longer or finer
+// numbers, hexadecimal, "inf", "nan" and every malformed text.
+bool readExactDecimal(const std::string& text, bool allowPlus, double& out) {
+  const char* p = text.data();
+  const char* const end = p + text.size();
+  bool negative = false;
+  if (p != end && *p == '-') {
+    negative = true;
+    ++p;
+  } else if (p != end && *p == '+') {
+    if (!allowPlus) return false;
+    ++p;
+  }
+  std::uint64_t mantissa = 0;
+  int digits = 0;
+  for (unsigned d; p != end && (d = digitOf(*p)) <= 9; ++p, ++digits) mantissa = mantissa * 10 + d;
+  int fraction = 0;
+  if (p != end && *p == '.') {
+    ++p;
+    for (unsigned d; p != end && (d = digitOf(*p)) <= 9; ++p, ++fraction) mantissa = mantissa * 10 + d;
+    digits += fraction;
+  }
+  // 19 digits cannot overflow 64 bits.
+  if (digits == 0 || digits > 19 || mantissa > LARGEST_EXACT_MANTISSA) return false;
+  int exponent = 0;
+  if (p != end && (*p == 'e' || *p == 'E')) {
+    ++p;
+    bool negativeExponent = false;
+    if (p != end && (*p == '-' || *p == '+')) negativeExponent = *p++ == '-';
+    const char* const first = p;
+    for (unsigned d; p != end && (d = digitOf(*p)) <= 9; ++p)
+      if (exponent < 100000) exponent = exponent * 10 + static_cast<int>(d);
+    if (p == first) return false;
+    if (negativeExponent) exponent = -exponent;
+  }
+  if (p != end) return false;
+  const int power = exponent - fraction;
+  if (power < -LARGEST_EXACT_POWER || power > LARGEST_EXACT_POWER) return false;
+  double value = static_cast<double>(mantissa);
+  if (power < 0)
+    value /= EXACT_POWERS_OF_TEN[-power];
+  else
+    value *= EXACT_POWERS_OF_TEN[power];
+  out = negative ? -value : value;
   return true;
 }
 
@@ -130,41 +212,22 @@ bool stringIsTrueToken(const std::string& text) {
 
 bool isValidNumber(const std::string& text, unsigned long& out, bool allowPlusSign) {
   out = 0;
-  if (!stringIsIntegerNumber(text, true, false, allowPlusSign)) return false;
-  // Digits only by now (a plus sign aside): from_chars reads them as strtoull
-  // would, overflow included, in one pass without errno.
-  return wholeInteger(text, out);
+  return readInteger(text, out, allowPlusSign);
 }
 
 bool isValidNumber(const std::string& text, long& out, bool allowPlusSign) {
   out = 0;
-  if (!stringIsIntegerNumber(text, false, false, allowPlusSign)) return false;
-  return wholeInteger(text, out);
+  return readInteger(text, out, allowPlusSign);
 }
 
 bool isValidNumber(const std::string& text, unsigned int& out, bool allowPlusSign) {
   out = 0;
-  if (!leadOk(text, false, allowPlusSign)) return false;
-  const char* begin = text.c_str();
-  char* end = nullptr;
-  errno = 0;
-  const unsigned long value = std::strtoul(begin, &end, 10);
-  if (errno != 0 || end == begin || !consumedAll(text, end) || value > 4294967295UL) return false;
-  out = static_cast<unsigned int>(value);
-  return true;
+  return readInteger(text, out, allowPlusSign);
 }
 
 bool isValidNumber(const std::string& text, int& out, bool allowPlusSign) {
   out = 0;
-  if (!leadOk(text, true, allowPlusSign)) return false;
-  const char* begin = text.c_str();
-  char* end = nullptr;
-  errno = 0;
-  const long value = std::strtol(begin, &end, 10);
-  if (errno != 0 || end == begin || !consumedAll(text, end) || value < -2147483648L || value > 2147483647L)
-    return false;
-  out = static_cast<int>(value);
-  return true;
+  return readInteger(text, out, allowPlusSign);
 }
 
 bool isValidNumber(const std::string& text, unsigned short& out, bool allowPlusSign) {
@@ -185,10 +248,11 @@ bool isValidNumber(const std::string& text, signed char& out, bool allowPlusSign
 
 bool isValidNumber(const std::string& text, double& out, bool allowPlusSign) {
   out = 0;
-  // Fast path for the common case: a plain decimal that from_chars takes
-  // whole and finite reads exactly as strtod would (both round correctly),
-  // and from_chars takes no blanks, plus sign or hexadecimal. Everything
-  // else goes the full way below.
+  // Nearly every number of a data file is a short plain decimal.
+  if (readExactDecimal(text, allowPlusSign, out)) return true;
+  // Next, a plain decimal that from_chars takes whole and finite reads
+  // exactly as strtod would (both round correctly), and from_chars takes no
+  // blanks, plus sign or hexadecimal. Everything else goes the full way below.
   const char* first = text.data();
   const char* last = first + text.size();
   double read = 0.0;

@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
 #include <limits>
+#include <random>
 #include <string>
 
 using orvCore::isValidHexNumber;
@@ -96,6 +100,14 @@ TEST(IntegerWidths, EdgesOfEveryType) {
   checkIntegerLimits<signed char>("-128", "-129", "127", "128");
 }
 
+TEST(IntegerWidths, LeadingZerosAndNegativeZero) {
+  // Only the value counts against the range, not the number of digits.
+  EXPECT_EQ(accepted<unsigned long>("000000000000000000000000042"), 42ul);
+  EXPECT_EQ(accepted<int>("-00000000000000000000002147483648"), std::numeric_limits<int>::min());
+  EXPECT_EQ(accepted<long>("-0"), 0l);
+  EXPECT_EQ(accepted<short>("-0"), 0);
+}
+
 TEST(IntegerWidths, HugeTextsAreRefusedNotWrapped) {
   refused<unsigned int>("99999999999999999999999");
   refused<int>("-99999999999999999999999");
@@ -168,6 +180,43 @@ TEST(ValidDouble, DecimalFiniteValuesOnly) {
   for (const char* text : {"0x10", "0X1p3", "1e400", "-1e400", "inf", "-inf", "INF", "nan", "NaN", "infinity",
                            "1e", "e5", ".", "1.5.", "1,5"})
     refused<double>(text);
+}
+
+// The value read must be the very double that strtod gives, bit for bit.
+void expectSameAsStrtod(const std::string& text) {
+  double value = 0.0;
+  ASSERT_TRUE(isValidNumber(text, value, true)) << text;
+  const double expected = std::strtod(text.c_str(), nullptr);
+  std::uint64_t got = 0, want = 0;
+  std::memcpy(&got, &value, sizeof got);
+  std::memcpy(&want, &expected, sizeof want);
+  EXPECT_EQ(got, want) << text << " read as " << value << ", strtod gives " << expected;
+}
+
+TEST(ValidDouble, RoundsExactlyAsStrtod) {
+  // Around the limits of exact arithmetic: 2^53, 19 digits, 10^22.
+  for (const char* text :
+       {"0.1", "0.3", "35.526352", "-122.002036", "252.06", "-7.42", "+9.9", "-0.0", "0", "00.000", ".1", "1.",
+        "9007199254740992", "9007199254740993", "9007199254740995", "1234567890123456789", "12345678901234567890",
+        "0.0000000000000000000000000001", "1e22", "1e23", "1e-22", "1e-23", "4.35e-20", "123456789e-30",
+        "8.98846567431158e307", "2.2250738585072014e-308", "4.9e-324", "0000000000000000000000000012.5",
+        "1.7976931348623157e308", "3.0e+5", "5E-1", "0.1e1", "1e0000000000000000000001"})
+    expectSameAsStrtod(text);
+}
+
+TEST(ValidDouble, RandomDecimalsReadAsStrtod) {
+  std::mt19937_64 random(20261123);
+  for (int i = 0; i < 20000; ++i) {
+    std::string text = random() % 2 ? "-" : "";
+    const int digits = 1 + static_cast<int>(random() % 20);
+    const int point = static_cast<int>(random() % (digits + 1));
+    for (int d = 0; d < digits; ++d) {
+      if (d == point) text += '.';
+      text += static_cast<char>('0' + random() % 10);
+    }
+    if (random() % 4 == 0) text += "e" + std::to_string(static_cast<int>(random() % 61) - 30);
+    expectSameAsStrtod(text);
+  }
 }
 
 TEST(ValidFloat, RefusesBeyondTheLargestFloat) {
