@@ -10,8 +10,11 @@ namespace {
 
 bool isQuote(char c) { return c == '\'' || c == '"'; }
 
-// Byte classes for the scans below, which run for every byte of a file.
-enum ByteClass : unsigned char { ORDINARY = 0, WHITE = 1, COMMENT_SIGN = 2 };
+// Byte classes for the scans below, which run for every byte of a file. The
+// null byte has a class of its own: a std::string always ends with one, so
+// the scans stop there without comparing every position with the size (a
+// null inside the line is ordinary, and the scans step over it).
+enum ByteClass : unsigned char { ORDINARY = 0, WHITE = 1, COMMENT_SIGN = 2, NULL_BYTE = 3 };
 
 struct ByteClasses {
   unsigned char of[256];
@@ -21,6 +24,7 @@ struct ByteClasses {
       of[static_cast<unsigned char>(*c)] = WHITE;
     of[static_cast<unsigned char>('#')] = COMMENT_SIGN;
     of[static_cast<unsigned char>('/')] = COMMENT_SIGN;
+    of[0] = NULL_BYTE;
   }
 };
 
@@ -32,23 +36,20 @@ bool isWhite(char c) { return classOf(c) == WHITE; }
 
 // Where an unquoted token that starts at `pos` ends (`end`), and where a
 // comment inside it starts (`cut`, beyond the line if none; the token then
-// ends there too): one pass over the bytes.
+// ends there too): one pass over the bytes. `data[size]` must be a null.
 void scanUnquoted(const char* data, std::size_t size, std::size_t pos, std::size_t& end,
                   std::size_t& cut) {
   std::size_t i = pos;
-  while (i < size) {
+  while (true) {
+    while (classOf(data[i]) == ORDINARY) ++i;
     const unsigned char kind = classOf(data[i]);
-    if (kind == ORDINARY) {
-      ++i;
-      continue;
-    }
-    if (kind == WHITE) break;
+    if (kind == WHITE || i >= size) break;
     // "#" always starts a comment, "/" only when doubled.
-    if (data[i] == '#' || (i + 1 < size && data[i + 1] == '/')) {
+    if (kind == COMMENT_SIGN && (data[i] == '#' || (i + 1 < size && data[i + 1] == '/'))) {
       cut = end = i;
       return;
     }
-    ++i;
+    ++i;  // a single "/" or a null inside the line
   }
   end = i;
   cut = size + 1;  // no comment
@@ -69,7 +70,7 @@ void tokenizeAsiLine(const std::string& line, std::vector<std::string>& tokens) 
   const char* data = line.data();
 
   while (true) {
-    while (pos < size && isWhite(data[pos])) ++pos;
+    while (isWhite(data[pos])) ++pos;  // stops at the null after the line
     if (pos >= size) break;
 
     const bool quoted = isQuote(data[pos]);

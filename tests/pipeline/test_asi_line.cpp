@@ -120,6 +120,9 @@ TEST(AsiLineBytes, ControlAndHighBytesAreOrdinaryCharacters) {
   ASSERT_EQ(tokens.size(), 2u);
   EXPECT_EQ(tokens[0], std::string("Key\0x", 5));
   EXPECT_EQ(split("\xB0\xC2 \xFF"), (Tokens{"\xB0\xC2", "\xFF"}));
+  // A null at either end of the line or of a token is a character too.
+  EXPECT_EQ(split(std::string("\0 a\0 /\0 \0", 9)),
+            (Tokens{std::string("\0", 1), std::string("a\0", 2), std::string("/\0", 2), std::string("\0", 1)}));
 }
 
 TEST(AsiLineReuse, AReusedVectorHoldsExactlyTheNewLine) {
