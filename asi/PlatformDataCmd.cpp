@@ -179,8 +179,12 @@ bool PlatformData::parseVelocity_(const std::vector<std::string>& tokens, size_t
 }
 
 bool PlatformData::velocityFromSpeed_(double speed) {
-  const double horizontal = speed * std::cos(point_.pitch);
-  const double vertical = speed * std::sin(point_.pitch);
+  // Most tracks are level: a zero pitch needs no sine and cosine (its sine
+  // is the zero itself, sign included).
+  const double pitch = point_.pitch;
+  const bool level = pitch == 0.0;
+  const double horizontal = level ? speed : speed * std::cos(pitch);
+  const double vertical = speed * (level ? pitch : std::sin(pitch));
   const double c = std::cos(point_.yaw);
   const double s = std::sin(point_.yaw);
   switch (point_.frame.coordSystem) {

@@ -107,7 +107,8 @@ std::uint64_t ReferenceHost::serve_(Request& r) {
   else if (code <= 280) answer = d.scenario(r);
   else if (code < 400) answer = d.common(r);
   else answer = d.display(r);
-  if (std::strcmp(r.op, "unknown") == 0 && !r.problem) r.problem = "request code not served";
+  // Most names begin with another letter: the comparison is rarely needed.
+  if (r.op[0] == 'u' && std::strcmp(r.op, "unknown") == 0 && !r.problem) r.problem = "request code not served";
   return answer;
 }
 

@@ -33,7 +33,10 @@ uint64_t overrideRequest(int64_t subOperation, void* context) {
   // handle() asks for the override before every request, so one record per
   // thread serves them all: the host only reads it, and its vectors keep
   // their room from call to call instead of being allocated each time.
-  thread_local PI_DATA_CATCHALL params;
+  // Taken by reference once: each use of a thread-local in a shared library
+  // is a call.
+  thread_local PI_DATA_CATCHALL record;
+  PI_DATA_CATCHALL& params = record;
   params.ints.assign(1, subOperation);
   params.strings.clear();
   params.pointers.assign(1, context);
