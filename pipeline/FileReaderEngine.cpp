@@ -66,7 +66,7 @@ struct Pool {
     if (ready.empty()) {
       // What has run goes back before the wait: the read thread may be
       // waiting for it.
-      freeQueue.pushAll(done);
+      freeQueue.pushAll(done, true);
       fullQueue.takeAll(ready, READY_BATCH, POLL_MILLISECONDS);
       if (ready.empty()) return nullptr;
     }
@@ -78,7 +78,7 @@ struct Pool {
   // An item that has run; `now` hands it back at once.
   void giveBack(PipelineData* item, bool now) {
     done.push_back(item);
-    if (now || done.size() >= DONE_BATCH) freeQueue.pushAll(done);
+    if (now || done.size() >= DONE_BATCH) freeQueue.pushAll(done, now);
   }
 
 };

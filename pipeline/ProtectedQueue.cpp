@@ -15,12 +15,12 @@ void ProtectedQueue::push(PipelineData* item, bool wakeNow) {
   }
 }
 
-void ProtectedQueue::pushAll(std::deque<PipelineData*>& items) {
+void ProtectedQueue::pushAll(std::deque<PipelineData*>& items, bool wakeNow) {
   if (items.empty()) return;
   Lock lock(mutex_);
   items_.insert(items_.end(), items.begin(), items.end());
   items.clear();
-  if (wanted_ != 0) {
+  if (wanted_ != 0 && (wakeNow || items_.size() >= wanted_)) {
     wanted_ = 0;
     arrived_.signal();
   }

@@ -26,8 +26,9 @@ class ProtectedQueue {
   // many items as it asked for, or at once with wakeNow (the last item of
   // a read, an item that must not wait for company).
   void push(PipelineData* item, bool wakeNow = false);
-  // Pushes every item of `items` in order and empties it.
-  void pushAll(std::deque<PipelineData*>& items);
+  // Pushes every item of `items` in order and empties it; wakes a waiting
+  // taker as push does.
+  void pushAll(std::deque<PipelineData*>& items, bool wakeNow = false);
   // The front item, or null when empty; never waits.
   PipelineData* pop();
   // Moves every item, in order, to the back of `out`. With fewer than
