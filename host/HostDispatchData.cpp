@@ -110,9 +110,10 @@ std::uint64_t Dispatcher::objectData(Request& r) {
         if (!r.problem) r.problem = "null point";
         return 1;
       }
-      if (!target(s, id, kind)) return 1;
+      HostObject* object = target(s, id, kind);
+      if (!object) return 1;
       if (frame && !s.noData()) values[10] = host.frameCache_.intern(s.frames(), *frame);
-      s.addRecord(id, SERIES_POINTS, values);
+      s.addRecord(*object, SERIES_POINTS, values);
       return 0;
     }
     case PI_ADD_DATA_POINTS: {

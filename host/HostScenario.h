@@ -198,6 +198,10 @@ class HostScenario {
 
   // Adds a record to a series of an object, keeping it unless in no-data mode.
   bool addRecord(std::uint64_t id, SeriesId series, const double* record);
+  // The same for an object already looked up.
+  void addRecord(HostObject& object, SeriesId series, const double* record) {
+    object.data(series).add(record, !noData_);
+  }
   // Drops an object's data: type 0 all of it, 1 the timed records, 2 the
   // static ones.
   bool flush(std::uint64_t id, int type);
