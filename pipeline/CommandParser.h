@@ -18,6 +18,13 @@ class CommandParser {
 
   // A copy for one file line, owned by the caller.
   virtual CommandParser* clone() const = 0;
+  // Turns this command, a copy that has run, into a fresh copy of
+  // `prototype` without allocating; false when it cannot (the caller then
+  // clones anew). Worth it only for the commands of which files are made.
+  virtual bool renewFrom(const CommandParser& prototype) {
+    (void)prototype;
+    return false;
+  }
   virtual std::string name() const = 0;
   // Where messages go; the manager is not owned.
   virtual void setMessageManager(MessageManager* manager) = 0;

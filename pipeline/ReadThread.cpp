@@ -157,7 +157,9 @@ void ReadThread::readLines_() {
     } else if (stop) {
       return;
     }
-    held_->releaseParser();
+    // The command of the item's earlier use stays until this line's command
+    // is known: a line of the same command renews it in place.
+    held_->endOfFile = false;
     held_->percent = factor * static_cast<double>(in.consumed());
 
     if (status == AsiLineReader::TOO_LONG) {
@@ -165,6 +167,7 @@ void ReadThread::readLines_() {
       tokenizeAsiLine(in.line(), held_->tokens);
       const std::string keyword = held_->tokens.empty() ? std::string() : held_->tokens[0];
       held_->releaseTokens();
+      held_->releaseParser();
       held_->parser = new LineTooLong(lineNumber, keyword);
       if (!pushHeld_()) return;
       continue;
@@ -184,7 +187,10 @@ void ReadThread::readLines_() {
       countUnsupported_(held_->tokens[0]);
       continue;
     }
-    held_->parser = command->clone();
+    if (held_->parser == nullptr || !held_->parser->renewFrom(*command)) {
+      held_->releaseParser();
+      held_->parser = command->clone();
+    }
     if (held_->parser == nullptr) continue;  // a prototype that cannot be cloned runs nothing
     held_->parser->setLineNumber(lineNumber);
     held_->weight = tokenBytes(held_->tokens);

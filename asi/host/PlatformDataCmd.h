@@ -3,6 +3,8 @@
 // it (or merges it with one the host already holds) and releases what waited
 // for it; every later line is one point, one host call.
 
+#include <typeinfo>
+
 #include "asi/PlatformDataCmd.h"
 
 namespace AsiReader {
@@ -12,6 +14,11 @@ class PlatformData : public AsiInterface::PlatformData {
   using AsiInterface::PlatformData::PlatformData;
 
   FileReaderPlugin::CommandParser* clone() const override { return new PlatformData(*this); }
+  bool renewFrom(const FileReaderPlugin::CommandParser& prototype) override {
+    if (typeid(prototype) != typeid(*this)) return false;
+    *this = static_cast<const PlatformData&>(prototype);
+    return true;
+  }
   void transmit() override;
 
  private:

@@ -93,3 +93,31 @@ TEST_F(PlatformFileTest, AnAppendWhosePlatformsAllMergeHasNoIndependentEntity) {
   EXPECT_EQ(before, host_->scenario().list(RefHost::KIND_PLATFORM, std::nullopt).size());
   EXPECT_EQ(4u, hostPlatform("Blue Ship")->data(RefHost::SERIES_POINTS).count());
 }
+
+TEST_F(PlatformFileTest, LinesBeyondThePoolEachReadAfreshAfterBadOnes) {
+  // More data lines than the engine has items, so each item carries several
+  // lines in turn; every 497th line has a bad latitude, and a later line in
+  // the same item must inherit neither its failure nor its values.
+  const int lines = 12000;
+  std::string text = SHIP_FILE;
+  for (int i = 1; i <= lines; ++i) {
+    const bool bad = i % 497 == 0;
+    text += "PlatformData 1 " + std::to_string(100 + i) + (bad ? " north" : " 30.5") + " -80 " +
+            std::to_string(i) + " 90 0 0 10\n";
+  }
+  EXPECT_EQ(0, read("plat_pool.asi", text));
+  const int bad = lines / 497;
+  ASSERT_EQ(static_cast<size_t>(bad), messages_.messages.size());
+  // The header holds 10 lines; the data line i is file line 10 + i.
+  EXPECT_EQ(10u + 497u, messages_.messages.front().line);
+  EXPECT_EQ("Line 11938 PlatformData: Invalid platform position", messages_.messages.back().text);
+
+  const RefHost::Series& points = hostPlatform("Blue Ship")->data(RefHost::SERIES_POINTS);
+  ASSERT_EQ(static_cast<size_t>(2 + lines - bad), points.count());
+  for (size_t i = 2; i < points.count(); ++i) {
+    const double* point = points.record(i);
+    // Time and altitude both name the data line.
+    ASSERT_DOUBLE_EQ(point[0] - 100.0, point[3]) << "point " << i;
+    ASSERT_NEAR(30.5 * DEG, point[1], 1e-12) << "point " << i;
+  }
+}
