@@ -115,7 +115,9 @@ void AsiScenarioFile::transmitPlatformData_(const TimeWindowUD& window) {
     PlatformUD& platform = *entry.second;
     LinearPlatMotionUD* motion = platform.Motion();
     if (motion == nullptr || motion->Size() == 0) continue;
-    if (!motion->hasVelocity()) motion->CalculateVelocities();
+    // States that the file gave no velocity get one from their neighbours;
+    // given ones stand.
+    motion->CalculateVelocities();
     if (!motion->hasOrientation()) motion->CalculateFlightPathAnglePitch();
     const bool oriented = motion->hasOrientation();
 
