@@ -5,6 +5,7 @@
 
 #include "core/Angle.h"
 #include "core/Color.h"
+#include "core/Convert.h"
 #include "core/CoordinateConverter.h"
 #include "core/StringUtils.h"
 #include "core/TimeParse.h"
@@ -953,12 +954,12 @@ int AsiKeywordHandlers::asiLOB_(const std::string& k, const Tokens& t, unsigned 
     LOBDrawStyleUD style;
     style.color1 = color_(t[3]);
     style.color2 = color_(t[4]);
-    unsigned int s1 = 0, s2 = 0, w = 0;
-    if (!orvCore::isValidNumber(t[5], s1, true) || !orvCore::isValidNumber(t[6], s2, true) ||
-        !orvCore::isValidNumber(t[7], w, true))
-      return UD_BAD_LOB_PIXEL_WIDTH;
-    style.stipple1 = s1;
-    style.stipple2 = s2;
+    // Stipples are hexadecimal bit patterns ("0xF0F0" or "F0F0"), read as
+    // the command pipeline reads them; only the width is checked.
+    unsigned int w = 0;
+    if (!orvCore::isValidNumber(t[7], w, true)) return UD_BAD_LOB_PIXEL_WIDTH;
+    style.stipple1 = UTILS::stringConvertHexToUInt(t[5]);
+    style.stipple2 = UTILS::stringConvertHexToUInt(t[6]);
     style.width = w;
     return group->addDrawStyle(time, style);
   }

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "TransmitSupport.h"
+#include "document/ASIOutput.h"
 #include "document/ConvenienceFuncsUD.h"
 #include "document/ScenarioUD.h"
 
@@ -222,6 +223,20 @@ TEST_F(LoaderToHost, WordsColoursAndNamesMeanWhatTheLanguageSays) {
   EXPECT_EQ(category(platforms[0], "Platform Type"), "Surface Ship");
   EXPECT_EQ(category(platforms[1], "Platform Type"), "Decoy");
   EXPECT_EQ(category(platforms[2], "Platform Type"), "Unknown");
+}
+
+TEST_F(LoaderToHost, LobStipplesAreHexadecimalAndTheWriterWritesThemSo) {
+  load("PlatformID 1\nPlatformName 1 p\nPlatformData 1 0 0.5 -2 0\nLOBID 1 20\nLOBData 20 5 0 0 1\n"
+       "LOBDrawStyle 20 5 red red 0xF0F0 ff00 3\n");
+  const nlohmann::json lobs = objects("lob");
+  ASSERT_EQ(lobs.size(), 1u);
+  const nlohmann::json style = lobs[0]["data"]["lobDrawStyles"]["records"][0];
+  EXPECT_EQ(style[3], 0xF0F0u);
+  EXPECT_EQ(style[4], 0xFF00u);
+  EXPECT_EQ(style[5], 3u);
+  std::ostringstream written;
+  saveASILOBDrawStyle(written, 20, 5, 0xFF0000FFu, 3, 0xFF0000FFu, 0xF0F0, 0xFF00, DataFormatUD());
+  EXPECT_NE(written.str().find(" 0xF0F0 0xFF00 3\n"), std::string::npos) << written.str();
 }
 
 TEST_F(LoaderToHost, ClassificationWithoutColourIsWhite) {
