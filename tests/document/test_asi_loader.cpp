@@ -132,6 +132,28 @@ TEST_F(Loader, GeodeticPositionsOutOfRangeOrOfVersionTwoFiles) {
   EXPECT_NEAR(states.at(20).lon, -120 * M_PI / 180, 1e-12);
 }
 
+TEST_F(Loader, ScenarioKeywordsAreTakenAsTheCommandPipelineTakesThem) {
+  ScenarioUD late;
+  EXPECT_EQ(load(late, "Version 24\nRefLLA 30 -120 0\nCoordSystem ECI\nReferenceYear 2150\nReferenceYear 2201\n"
+                       "ReferenceTimeECI 100\nReferenceTimeECI 90000\nSoundFile a.wav 10\nSoundFile b.wav 10 20\n"
+                       "SoundFile c.wav -1 20\nImageFile x.png\n"),
+            0);
+  EXPECT_EQ(late.referenceYear(), 2150);
+  EXPECT_EQ(late.eciReferenceTime(), 0.0);
+  ASSERT_EQ(late.soundFiles().size(), 1u);
+  EXPECT_EQ(late.soundFiles()[0].first, "b.wav");
+  EXPECT_EQ(late.getExternalFile(EFT_IMAGE_FILE), std::vector<std::string>{"x.png"});
+  std::ostringstream written;
+  saveASIScenarioRequired(written, late, orvCore::LLA);
+  EXPECT_NE(written.str().find("ReferenceYear\t2150\n"), std::string::npos) << written.str();
+
+  // Up to version 13 the keyword names the IT configuration file.
+  ScenarioUD old;
+  EXPECT_EQ(load(old, "Version 13\nRefLLA 30 -120 0\nCoordSystem LLA\nImageFile it.cfg\n"), 0);
+  EXPECT_EQ(old.getExternalFile(EFT_IT_CONFIG_FILE), std::vector<std::string>{"it.cfg"});
+  EXPECT_TRUE(old.getExternalFile(EFT_IMAGE_FILE).empty());
+}
+
 TEST_F(Loader, WrittenScenarioReadsBack) {
   ScenarioUD original;
   original.setLatLonAlt(0.5, -2.0, 0);
