@@ -322,13 +322,21 @@ TEST_F(PlatformStates, SpeedFormBuildsVelocityAlongYaw) {
   EXPECT_NEAR(s.velNorth, 0, 1e-12);
   EXPECT_NEAR(s.Speed(), 10, 1e-12);
   EXPECT_TRUE(platform->Motion()->hasVelocity());
+  // Yaw -90 degrees heads west; a pitch of 30 degrees climbs.
+  const double climbingWest[3] = {-M_PI / 2, M_PI / 6, 0};
+  ASSERT_EQ(platform->AddState(7, pos, climbingWest, 10.0), UD_NO_ERROR);
+  const MotionStateUD& west = platform->Motion()->states().at(7);
+  EXPECT_NEAR(west.velEast, -10 * std::cos(M_PI / 6), 1e-12);
+  EXPECT_NEAR(west.velNorth, 0, 1e-12);
+  EXPECT_NEAR(west.velUp, 5, 1e-12);
+  EXPECT_EQ(platform->AddState(-3, pos, ori, 10.0), UD_BAD_TIME_VALUE);
   // A bad speed is a bad velocity, checked after position and orientation.
   const double nanPos[3] = {NAN, 0, 0};
   const double badAngle[3] = {7, 0, 0};
   EXPECT_EQ(platform->AddState(6, nanPos, ori, NAN), UD_BAD_PLAT_POSITION);
   EXPECT_EQ(platform->AddState(6, pos, badAngle, 4e38), UD_BAD_PLAT_ANGLE);
   EXPECT_EQ(platform->AddState(6, pos, ori, 4e38), UD_BAD_PLAT_VELOCITY);
-  EXPECT_EQ(platform->Motion()->Size(), 1u);
+  EXPECT_EQ(platform->Motion()->Size(), 2u);
 }
 
 TEST(AngleChecks, Limits) {
