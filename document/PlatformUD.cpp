@@ -88,7 +88,10 @@ int PlatformUD::addState_(double time, const double* position, const double* ori
       return UD_BAD_TIME_VALUE;
     }
   }
-  if (velocity) state.SetVelocity(velocity[0], velocity[1], velocity[2]);
+  if (velocity) {
+    state.SetVelocity(velocity[0], velocity[1], velocity[2]);
+    state.setVelocityGiven(true);
+  }
   if (acceleration) state.SetAcceleration(acceleration);
   if (orientation) motion->setHasOrientation(true);
   if (velocity) motion->setHasVelocity(true);
