@@ -467,10 +467,18 @@ int AsiKeywordHandlers::asiPlatformData_(PlatformUD& platform, const Tokens& t) 
                            hasAcceleration ? a : nullptr);
 }
 
+PlatformUD* AsiKeywordHandlers::platform_(uint64_t id) {
+  const auto known = platforms_.find(id);
+  if (known != platforms_.end()) return known->second;
+  PlatformUD* platform = scenario_.findPlatform(id);
+  if (platform != nullptr) platforms_.emplace(id, platform);
+  return platform;
+}
+
 int AsiKeywordHandlers::asiPlatformOther_(const std::string& k, const Tokens& t, unsigned long) {
   if (t.size() < 2) return UD_BAD_TOKEN_COUNT;
   uint64_t id = 0;
-  PlatformUD* platform = id_(t[1], id) ? scenario_.findPlatform(id) : nullptr;
+  PlatformUD* platform = id_(t[1], id) ? platform_(id) : nullptr;
   if (platform == nullptr) return UD_UNKNOWN_OBJECT_ID;
   PlatformHeaderUD& h = *platform->Header();
   auto need = [&t](size_t count) { return t.size() == count; };

@@ -105,7 +105,7 @@ class ChunkedArray {
   const_iterator begin() const { return const_iterator(this, 0); }
   const_iterator end() const { return const_iterator(this, size_); }
 
-  void push_back(T value) {
+  void push_back(T&& value) {
     if (chunks_.empty() || chunks_.back().size() == kChunk) {
       chunks_.emplace_back();
       if (chunks_.size() > 1) chunks_.back().reserve(kChunk);
