@@ -11,18 +11,6 @@ namespace {
 
 class BeamCommands : public e2e::HostRun {
  protected:
-  std::string write(const std::string& name, const std::string& text) {
-    std::ofstream(path(name)) << text;
-    return path(name);
-  }
-
-  std::vector<std::string> problems() const {
-    std::vector<std::string> texts;
-    for (const auto& m : jsonLines("messages.jsonl"))
-      if (m["severity"].get<int>() <= 3) texts.push_back(m["text"]);
-    return texts;
-  }
-
   // Objects of the dump by kind, in creation order.
   std::vector<nlohmann::json> objects(const nlohmann::json& dump, const std::string& kind) const {
     std::vector<nlohmann::json> out;
@@ -51,7 +39,7 @@ TEST_F(BeamCommands, BeamsAndGatesReachTheDisplayWithTheirAntennaAndTarget) {
   const e2e::Outcome r = run({"--dump", "dump.json", "--messages", "messages.jsonl", "--trace", "trace.jsonl", file});
   // The bad azimuth is an error-free warning: the load result stays 0.
   EXPECT_EQ(r.status, 0) << r.err;
-  EXPECT_EQ(problems(), std::vector<std::string>{"Line 22 BeamData: Invalid azimuth\n"});
+  EXPECT_EQ(messageTexts(3), std::vector<std::string>{"Line 22 BeamData: Invalid azimuth\n"});
 
   const auto dump = json("dump.json");
   const auto beams = objects(dump, "beam");
