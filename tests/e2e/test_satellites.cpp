@@ -132,6 +132,7 @@ TEST_F(Satellites, DecayEndsOneTrackWithItsCodeAndTheOthersLoad) {
                           "Code [6] occurred with MINOTAUR R/B in AIAA::sgp4\n"),
             std::string::npos)
       << warnings;
+  EXPECT_NE(r.err.find("Satellite has decayed"), std::string::npos) << r.err;
   const auto dump = json("dump.json");
   ASSERT_EQ(dump["objects"].size(), 2u);
   EXPECT_EQ(records(dump["objects"][0]["data"], "points").size(), 1440u);
