@@ -78,6 +78,22 @@ inline std::shared_ptr<AsiReader::ScenarioProvider> freshProvider(const Control&
   return provider;
 }
 
+// One input's start: its control byte read (the plot bit only where the
+// fuzzer tests both applications), the host of its application installed,
+// and a fresh provider.
+struct Start {
+  Control control;
+  RefHost::ReferenceHost& host;
+  std::shared_ptr<AsiReader::ScenarioProvider> provider;
+};
+
+inline Start start(const std::uint8_t* data, std::size_t size, bool readPlotBit) {
+  Control c = control(data, size);
+  c.plot = c.plot && readPlotBit;
+  RefHost::ReferenceHost& h = host(c.plot);
+  return {c, h, freshProvider(c)};
+}
+
 using CommandTable = std::map<std::string, std::unique_ptr<FileReaderPlugin::CommandParser>>;
 
 // Takes the commands over, by lower-case keyword.

@@ -28,10 +28,9 @@ const std::set<std::string> DATA_KEYWORDS = {"platformdata", "beamdata",     "be
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   // The control byte picks the version, whether angles are degrees, and the
   // host application.
-  const cmdfuzz::Control control = cmdfuzz::control(data, size);
-  RefHost::ReferenceHost& h = cmdfuzz::host(control.plot);
-  auto provider = cmdfuzz::freshProvider(control);
-  const int version = control.version;
+  const cmdfuzz::Start in = cmdfuzz::start(data, size, true);
+  const auto& provider = in.provider;
+  const int version = in.control.version;
 
   AsiReader::CommandList commands;
   AsiReader::addPlatformCommands(provider, version, commands);
@@ -48,9 +47,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   provider->clear();
 
   std::size_t points = 0;
-  for (const auto& object : h.scenario().objects()) {
+  for (const auto& object : in.host.scenario().objects()) {
     points += object->data(RefHost::SERIES_POINTS).count();
-    const RefHost::HostObject* parent = h.scenario().find(object->parent);
+    const RefHost::HostObject* parent = in.host.scenario().find(object->parent);
     if (object->kind == RefHost::KIND_BEAM && (parent == nullptr || parent->kind != RefHost::KIND_PLATFORM))
       std::abort();
     if (object->kind == RefHost::KIND_GATE && (parent == nullptr || parent->kind != RefHost::KIND_BEAM)) std::abort();

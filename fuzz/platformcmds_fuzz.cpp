@@ -12,11 +12,9 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   // The display application only: the plot bit is not read.
-  cmdfuzz::Control control = cmdfuzz::control(data, size);
-  control.plot = false;
-  RefHost::ReferenceHost& h = cmdfuzz::host(false);
-  auto provider = cmdfuzz::freshProvider(control);
-  const int version = control.version;
+  const cmdfuzz::Start in = cmdfuzz::start(data, size, false);
+  const auto& provider = in.provider;
+  const int version = in.control.version;
 
   AsiReader::CommandList commands;
   AsiReader::addPlatformCommands(provider, version, commands);
@@ -42,7 +40,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   provider->clear();
 
   std::map<std::uint32_t, std::size_t> points;
-  for (const auto& object : h.scenario().objects()) points[object->kind] += object->data(RefHost::SERIES_POINTS).count();
+  for (const auto& object : in.host.scenario().objects())
+    points[object->kind] += object->data(RefHost::SERIES_POINTS).count();
   for (const auto& keyword : pointKeywords)
     if (points[keyword.second] > dataLines[keyword.second]) std::abort();
   return 0;

@@ -12,11 +12,9 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   // The display application only: the plot bit is not read.
-  cmdfuzz::Control control = cmdfuzz::control(data, size);
-  control.plot = false;
-  RefHost::ReferenceHost& h = cmdfuzz::host(false);
-  auto provider = cmdfuzz::freshProvider(control);
-  const int version = control.version;
+  const cmdfuzz::Start in = cmdfuzz::start(data, size, false);
+  const auto& provider = in.provider;
+  const int version = in.control.version;
 
   AsiReader::CommandList commands;
   AsiReader::addPlatformCommands(provider, version, commands);
@@ -47,7 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   provider->clear();
 
   std::size_t rows = 0;
-  for (const auto& table : h.scenario().tables()) rows += table->rowTimes.count();
+  for (const auto& table : in.host.scenario().tables()) rows += table->rowTimes.count();
   if (rows > rowLines) std::abort();
   // The store reads back every time it holds, once, in ascending order.
   struct Ascending : PerDataTableRowFunctor {
