@@ -1,6 +1,7 @@
 // Writer families of the data hung on objects: custom rendering, generic and
 #include <cmath>
 // category data, data tables, projectors, lasers and LOB groups.
+#include "core/Convert.h"
 #include "core/Units.h"
 #include "core/UnitTypes.h"
 #include "document/ASIOutput.h"
@@ -199,8 +200,8 @@ void saveASILOBOriginalID(std::ostream& os, uint64_t id, uint64_t originalId) {
 void saveASILOBDrawStyle(std::ostream& os, uint64_t id, double time, uint32_t colorRGBA, uint32_t width,
                          uint32_t color2, uint32_t stipple1, uint32_t stipple2, const DataFormatUD& format) {
   if (timedLine(os, "LOBDrawStyle", id, time, format, "LOB Draw Style"))
-    os << " " << asiColor(colorRGBA) << " " << asiColor(color2) << " " << stipple1 << " " << stipple2 << " " << width
-       << "\n";
+    os << " " << asiColor(colorRGBA) << " " << asiColor(color2) << " " << UTILS::stringConvertHexToString(stipple1)
+       << " " << UTILS::stringConvertHexToString(stipple2) << " " << width << "\n";
 }
 
 void saveASILOBData(std::ostream& os, uint64_t id, double time, double range, double azimuth, double elevation,

@@ -25,7 +25,8 @@ void saveASIScenarioRequired(std::ostream& os, const ScenarioUD& scenario, int s
      << orvCore::angFix(c.referenceLon(), orvCore::AE_PLUSMINUS_PI) * kToDeg << " " << c.referenceAlt() << "\n";
   os << "CoordSystem\t\"" << getCoordSystem(system) << "\"\n";
   int year = scenario.referenceYear();
-  if (!inputLimitCheck(year, 1970, 2100)) {
+  // The readers' range: every year they take is written as it is.
+  if (!inputLimitCheck(year, 1970, 2200)) {
     year = udCurrentYear();
     writeErrorStreamUD("WARNING!  Incorrect value for Reference Year, value reset to " + std::to_string(year) + "\n");
   }

@@ -5,6 +5,7 @@
 
 #include "core/Angle.h"
 #include "core/Color.h"
+#include "core/Convert.h"
 #include "core/CoordinateConverter.h"
 #include "core/StringUtils.h"
 #include "core/TimeParse.h"
@@ -265,7 +266,9 @@ int AsiKeywordHandlers::asiScenario_(const std::string& k, const Tokens& t, unsi
   if (k == "referenceyear") {
     unsigned int year = 0;
     if (t.size() != 2) return UD_BAD_TOKEN_COUNT;
-    if (!orvCore::isValidNumber(t[1], year, true) || year < 1970 || year > 2100) return UD_BAD_NUMBER;
+    // The calendar's range, as the command pipeline takes it; the year in
+    // force stays on a refusal.
+    if (!orvCore::isValidNumber(t[1], year, true) || year < 1970 || year > 2200) return UD_BAD_NUMBER;
     scenario_.setReferenceYear(static_cast<int>(year));
     return UD_NO_ERROR;
   }
@@ -281,16 +284,21 @@ int AsiKeywordHandlers::asiScenario_(const std::string& k, const Tokens& t, unsi
   if (k == "gogfile") return file(EFT_GOG_FILE);
   if (k == "wvsmap") return file(EFT_WVS_MAP);
   if (k == "viewfile") return file(EFT_VIEW_FILE);
-  if (k == "imagefile") return file(EFT_IMAGE_FILE);
+  // Up to version 13 "ImageFile" was the name of "ITConfigFile".
+  if (k == "imagefile") return file(scenario_.version() <= 13 ? EFT_IT_CONFIG_FILE : EFT_IMAGE_FILE);
   if (k == "mediafile") return file(EFT_MEDIA_FILE);
   if (k == "file") return file(EFT_FILE);
   if (k == "itconfigfile") return file(EFT_IT_CONFIG_FILE);
   if (k == "rulefile") return file(EFT_RULE_FILE);
   if (k == "soundfile") {
-    double when = 0;
-    if (t.size() != 3) return UD_BAD_TOKEN_COUNT;
-    if (const int code = time_(t[2], when)) return code;
-    scenario_.addSoundFile(t[1], when);
+    // File, start and end, both times real ones (no static marker), as the
+    // command pipeline reads it; the document keeps the start.
+    double start = 0, end = 0;
+    if (t.size() != 4) return UD_BAD_TOKEN_COUNT;
+    if (const int code = time_(t[2], start)) return code;
+    if (const int code = time_(t[3], end)) return code;
+    if (start < 0.0 || end < 0.0) return UD_BAD_TIME_VALUE;
+    scenario_.addSoundFile(t[1], start);
     return UD_NO_ERROR;
   }
   if (k == "degreeangles") {
@@ -301,7 +309,12 @@ int AsiKeywordHandlers::asiScenario_(const std::string& k, const Tokens& t, unsi
   if (k == "referencetimeeci") {
     double seconds = 0;
     if (t.size() != 2) return UD_BAD_TOKEN_COUNT;
-    return number_(t[1], seconds) ? scenario_.setEciReferenceTime(seconds) : UD_BAD_ECI_TIME;
+    if (!number_(t[1], seconds)) return UD_BAD_ECI_TIME;
+    // Out of the day: reported, and the frame holds 0, as the command
+    // pipeline does.
+    if (scenario_.setEciReferenceTime(seconds) == UD_NO_ERROR) return UD_NO_ERROR;
+    scenario_.setEciReferenceTime(0.0);
+    return UD_BAD_ECI_TIME;
   }
   if (k == "datakeylock") return UD_NO_ERROR;
   (void)line;
@@ -516,9 +529,10 @@ int AsiKeywordHandlers::asiPlatformOther_(const std::string& k, const Tokens& t,
   if (k == "platformreferencetimeeci") {
     double seconds = 0;
     if (!need(3)) return UD_BAD_TOKEN_COUNT;
-    if (!number_(t[2], seconds) || seconds < 0 || seconds > 86400) return UD_BAD_ECI_TIME;
-    h.SetReferenceTimeECI(seconds);
-    return UD_NO_ERROR;
+    if (!number_(t[2], seconds)) return UD_BAD_ECI_TIME;
+    const bool inDay = seconds >= 0 && seconds <= 86400;
+    h.SetReferenceTimeECI(inDay ? seconds : 0.0);
+    return inDay ? UD_NO_ERROR : UD_BAD_ECI_TIME;
   }
   if (k == "platformverticaldatum") {
     if (!need(3)) return UD_BAD_TOKEN_COUNT;
@@ -953,12 +967,12 @@ int AsiKeywordHandlers::asiLOB_(const std::string& k, const Tokens& t, unsigned 
     LOBDrawStyleUD style;
     style.color1 = color_(t[3]);
     style.color2 = color_(t[4]);
-    unsigned int s1 = 0, s2 = 0, w = 0;
-    if (!orvCore::isValidNumber(t[5], s1, true) || !orvCore::isValidNumber(t[6], s2, true) ||
-        !orvCore::isValidNumber(t[7], w, true))
-      return UD_BAD_LOB_PIXEL_WIDTH;
-    style.stipple1 = s1;
-    style.stipple2 = s2;
+    // Stipples are hexadecimal bit patterns ("0xF0F0" or "F0F0"), read as
+    // the command pipeline reads them; only the width is checked.
+    unsigned int w = 0;
+    if (!orvCore::isValidNumber(t[7], w, true)) return UD_BAD_LOB_PIXEL_WIDTH;
+    style.stipple1 = UTILS::stringConvertHexToUInt(t[5]);
+    style.stipple2 = UTILS::stringConvertHexToUInt(t[6]);
     style.width = w;
     return group->addDrawStyle(time, style);
   }

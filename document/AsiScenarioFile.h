@@ -50,6 +50,11 @@ class AsiScenarioFile {
   // entry; an object that this file does not send (a platform without
   // points) keeps the earlier file's, so that what hangs on it finds it.
   uint64_t getPluginId_(uint64_t id) const;
+  // For a load of several files (an archive): remember the times of the
+  // platform points sent, so that a later file that continues a platform
+  // does not send a point at a time the platform already has. Off for a
+  // single file, which has no later file to meet.
+  void setRemembersPointTimes(bool remember) { remembersPointTimes_ = remember; }
 
  private:
   friend class InsertDataTableIntoScenarioFunctor;
@@ -95,6 +100,9 @@ class AsiScenarioFile {
   ImporterTable importers_;
   // (document id, original id) -> host id
   std::map<std::pair<uint64_t, uint64_t>, uint64_t> ids_;
+  // host platform id -> the times of its points sent so far, in sending order
+  std::map<uint64_t, std::vector<double>> pointTimes_;
+  bool remembersPointTimes_ = false;
   ScenarioUD* scenario_ = nullptr;
   ASIPlugin::ProgressPrinter* progress_ = nullptr;
 };

@@ -1,5 +1,6 @@
 // Platforms, beams, gates and LOB groups of the document, with their on/off,
 // colour, target and category series.
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -115,7 +116,9 @@ void AsiScenarioFile::transmitPlatformData_(const TimeWindowUD& window) {
     PlatformUD& platform = *entry.second;
     LinearPlatMotionUD* motion = platform.Motion();
     if (motion == nullptr || motion->Size() == 0) continue;
-    if (!motion->hasVelocity()) motion->CalculateVelocities();
+    // States that the file gave no velocity get one from their neighbours;
+    // given ones stand.
+    motion->CalculateVelocities();
     if (!motion->hasOrientation()) motion->CalculateFlightPathAnglePitch();
     const bool oriented = motion->hasOrientation();
 
@@ -174,7 +177,24 @@ void AsiScenarioFile::transmitPlatformData_(const TimeWindowUD& window) {
     }
     // One request per state, as the command pipeline sends them: a trace of
     // either path reads the same.
-    for (; next < total; ++next) PIData::addDataPoint(hostId, pointAt(next));
+    if (!remembersPointTimes_) {
+      for (; next < total; ++next) PIData::addDataPoint(hostId, pointAt(next));
+    } else {
+      // Two files of one archive may hold the same track (a satellite in two
+      // element files): a point at a time the platform already has from an
+      // earlier file is not sent again, so the host's track is not doubled;
+      // the earlier point stands, as sent data is never withdrawn.
+      std::vector<double>& times = pointTimes_[hostId];
+      std::vector<double> earlier(times);
+      std::sort(earlier.begin(), earlier.end());
+      if (next == 1) times.push_back(pointAt(0).time);
+      for (; next < total; ++next) {
+        const PIData::PIPlatformPoint point = pointAt(next);
+        if (std::binary_search(earlier.begin(), earlier.end(), point.time)) continue;
+        PIData::addDataPoint(hostId, point);
+        times.push_back(point.time);
+      }
+    }
     transmitCategoryData_(hostId, platform.categoryData(), window);
     // Nothing later in the transmission reads a platform's states (beams,
     // gates and LOB groups find their host by id), and the document is

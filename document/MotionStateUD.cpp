@@ -8,6 +8,7 @@
 namespace {
 
 constexpr double kTwoPi = 2.0 * M_PI;
+static_assert(alignof(std::array<double, 3>) > 1, "the velocity-given mark needs the pointer's low bit");
 
 // Moves `before` toward `after` by `fraction` the short way round; both in [0, 2 pi).
 double shortWay(double before, double after, double fraction) {
@@ -30,7 +31,18 @@ MotionStateUD::MotionStateUD(const MotionStateUD& other)
       lat(other.lat), lon(other.lon), alt(other.alt),
       yaw(other.yaw), pitch(other.pitch), roll(other.roll),
       velEast(other.velEast), velNorth(other.velNorth), velUp(other.velUp),
-      acceleration_(other.acceleration_ ? std::make_unique<std::array<double, 3>>(*other.acceleration_) : nullptr) {}
+      extras_(other.extras_ & kVelocityGiven) {
+  if (const Acceleration3* a = other.acceleration_()) extras_ |= reinterpret_cast<uintptr_t>(new Acceleration3(*a));
+}
+
+MotionStateUD::MotionStateUD(MotionStateUD&& other) noexcept
+    : BaseMotionStateUD(other.time),
+      lat(other.lat), lon(other.lon), alt(other.alt),
+      yaw(other.yaw), pitch(other.pitch), roll(other.roll),
+      velEast(other.velEast), velNorth(other.velNorth), velUp(other.velUp),
+      extras_(other.extras_) {
+  other.extras_ = 0;
+}
 
 MotionStateUD& MotionStateUD::operator=(const MotionStateUD& other) {
   if (this != &other) {
@@ -39,6 +51,21 @@ MotionStateUD& MotionStateUD::operator=(const MotionStateUD& other) {
   }
   return *this;
 }
+
+MotionStateUD& MotionStateUD::operator=(MotionStateUD&& other) noexcept {
+  if (this != &other) {
+    delete acceleration_();
+    time = other.time;
+    lat = other.lat, lon = other.lon, alt = other.alt;
+    yaw = other.yaw, pitch = other.pitch, roll = other.roll;
+    velEast = other.velEast, velNorth = other.velNorth, velUp = other.velUp;
+    extras_ = other.extras_;
+    other.extras_ = 0;
+  }
+  return *this;
+}
+
+MotionStateUD::~MotionStateUD() { delete acceleration_(); }
 
 void MotionStateUD::SetLLA(double la, double lo, double al) {
   lat = orvCore::angFix(la, orvCore::AE_PLUSMINUS_PI);
@@ -70,14 +97,19 @@ void MotionStateUD::SetVelocity(double east, double north, double up) {
 }
 
 void MotionStateUD::SetAcceleration(const double* acceleration) {
+  Acceleration3* a = acceleration_();
   if (!acceleration) {
-    acceleration_.reset();
+    delete a;
+    extras_ &= kVelocityGiven;
     return;
   }
-  if (!acceleration_) acceleration_ = std::make_unique<std::array<double, 3>>();
-  (*acceleration_)[0] = acceleration[0];
-  (*acceleration_)[1] = acceleration[1];
-  (*acceleration_)[2] = acceleration[2];
+  if (!a) {
+    a = new Acceleration3();
+    extras_ |= reinterpret_cast<uintptr_t>(a);
+  }
+  (*a)[0] = acceleration[0];
+  (*a)[1] = acceleration[1];
+  (*a)[2] = acceleration[2];
 }
 
 double MotionStateUD::Speed() const { return std::sqrt(velEast * velEast + velNorth * velNorth + velUp * velUp); }

@@ -3,7 +3,7 @@
 // the reference year (-1 marks a static state); angles are radians.
 
 #include <array>
-#include <memory>
+#include <cstdint>
 
 class BaseMotionStateUD {
  public:
@@ -21,8 +21,9 @@ class MotionStateUD : public BaseMotionStateUD {
   MotionStateUD(double t, const double* position, const double* orientation);
   MotionStateUD(const MotionStateUD& other);
   MotionStateUD& operator=(const MotionStateUD& other);
-  MotionStateUD(MotionStateUD&&) noexcept = default;
-  MotionStateUD& operator=(MotionStateUD&&) noexcept = default;
+  MotionStateUD(MotionStateUD&& other) noexcept;
+  MotionStateUD& operator=(MotionStateUD&& other) noexcept;
+  ~MotionStateUD() override;
 
   // Latitude and longitude wrapped to [-pi, pi].
   void SetLLA(double lat, double lon, double alt);
@@ -35,14 +36,28 @@ class MotionStateUD : public BaseMotionStateUD {
   void SetVelocity(double east, double north, double up);
   void SetAcceleration(const double* acceleration);
   double Speed() const;
-  const double* Acceleration() const { return acceleration_ ? acceleration_->data() : nullptr; }
+  const double* Acceleration() const {
+    const auto* a = acceleration_();
+    return a ? a->data() : nullptr;
+  }
+  // Whether the file gave this state's velocity; a state without one has
+  // its velocity derived from its neighbours before it is sent.
+  bool velocityGiven() const { return (extras_ & kVelocityGiven) != 0; }
+  void setVelocityGiven(bool given) { extras_ = given ? extras_ | kVelocityGiven : extras_ & ~kVelocityGiven; }
 
   double lat = 0.0, lon = 0.0, alt = 0.0;
   double yaw = 0.0, pitch = 0.0, roll = 0.0;
   double velEast = 0.0, velNorth = 0.0, velUp = 0.0;
 
  private:
-  std::unique_ptr<std::array<double, 3>> acceleration_;
+  using Acceleration3 = std::array<double, 3>;
+  static constexpr uintptr_t kVelocityGiven = 1;
+  Acceleration3* acceleration_() const { return reinterpret_cast<Acceleration3*>(extras_ & ~kVelocityGiven); }
+
+  // The owned acceleration (null when none) and, in the pointer's low bit
+  // that the array's alignment leaves free, the velocity-given mark: states
+  // are held by the million, and one word keeps a state at 96 bytes.
+  uintptr_t extras_ = 0;
 };
 
 class BeamStateUD : public BaseMotionStateUD {

@@ -101,7 +101,11 @@ void LinearPlatMotionUD::CalculateVelocities() {
   if (count == 0) return;
   const auto s = states_.begin();
   if (count == 1) {
-    s->SetSpeed(0.0);
+    if (!s->velocityGiven()) s->SetSpeed(0.0);
+    return;
+  }
+  if (hasVelocity_) {
+    calculateMissingVelocities_();
     return;
   }
   // Each state's velocity is that of the step from the state before it; the
@@ -117,6 +121,28 @@ void LinearPlatMotionUD::CalculateVelocities() {
     }
     const auto at = static_cast<std::ptrdiff_t>(i);
     findSpeed_(s[at], s[at - 1], from, s[at], to);
+  }
+}
+
+void LinearPlatMotionUD::calculateMissingVelocities_() {
+  // A track that gives speeds on some points only: the others are derived,
+  // the given ones stand. The ECEF of the state before is kept while a run
+  // of derived states goes on.
+  const size_t count = states_.size();
+  const auto s = states_.begin();
+  orvCore::Vec3 previous;
+  size_t previousIndex = count;
+  for (size_t i = 0; i < count; ++i) {
+    const auto at = static_cast<std::ptrdiff_t>(i);
+    if (s[at].velocityGiven()) continue;
+    // The first state takes the step to the second, the others the step from the state before.
+    const auto from = at == 0 ? 0 : at - 1;
+    const auto to = at == 0 ? 1 : at;
+    const orvCore::Vec3 fromEcef = previousIndex == static_cast<size_t>(from) ? previous : toEcef(s[from]);
+    const orvCore::Vec3 toEcefPos = toEcef(s[to]);
+    findSpeed_(s[at], s[from], fromEcef, s[to], toEcefPos);
+    previous = toEcefPos;
+    previousIndex = static_cast<size_t>(to);
   }
 }
 

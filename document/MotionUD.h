@@ -42,7 +42,8 @@ class LinearPlatMotionUD : public BaseMotionUD {
   bool GetPointAfter(double time, MotionStateUD& out) const;
   bool GetPointBefore(double time, MotionStateUD& out) const;
   const MotionStateUD* EndPoint() const;
-  // Velocity from the neighbouring states, for data without speeds.
+  // Velocity from the neighbouring states for each state whose velocity the
+  // file did not give.
   void CalculateVelocities();
   // Pitch of each state set to the flight-path angle of its velocity.
   void CalculateFlightPathAnglePitch();
@@ -56,7 +57,7 @@ class LinearPlatMotionUD : public BaseMotionUD {
   int Valid(const DataFormatUD& format) const override;
 
   const States& states() const { return states_; }
-  // Whether the file gave velocities / orientation (else they are derived).
+  // Whether the file gave velocities (on any state) / orientation.
   bool hasVelocity() const { return hasVelocity_; }
   void setHasVelocity(bool given) { hasVelocity_ = given; }
   bool hasOrientation() const { return hasOrientation_; }
@@ -67,6 +68,8 @@ class LinearPlatMotionUD : public BaseMotionUD {
   // positions; 0 for a step without time.
   static void findSpeed_(MotionStateUD& state, const MotionStateUD& from, const orvCore::Vec3& fromEcef,
                          const MotionStateUD& to, const orvCore::Vec3& toEcef);
+
+  void calculateMissingVelocities_();
 
   States states_;
   bool hasVelocity_ = false;

@@ -63,7 +63,10 @@ int PlatformUD::AddState(double time, const double* position, const double* orie
     }
   }
   MotionStateUD state(time, position, orientation);
-  if (velocity) state.SetVelocity(velocity[0], velocity[1], velocity[2]);
+  if (velocity) {
+    state.SetVelocity(velocity[0], velocity[1], velocity[2]);
+    state.setVelocityGiven(true);
+  }
   if (acceleration) state.SetAcceleration(acceleration);
   if (orientation) motion->setHasOrientation(true);
   if (velocity) motion->setHasVelocity(true);

@@ -118,7 +118,7 @@ class Writer {
       saveASIPlatformData(os_, id, s.time, format_, position, orientation, velocity, s.Acceleration());
     else
       saveASIPlatformData(os_, id, s.time, format_, position, withOrientation ? orientation : nullptr,
-                          motion.hasVelocity() ? velocity : nullptr);
+                          s.velocityGiven() ? velocity : nullptr);
   }
 
   void beam(const BeamUD& b) {

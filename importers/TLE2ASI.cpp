@@ -143,7 +143,6 @@ int convert(const TleSettings& settings, ScenarioUD::PercentCallback* progress) 
   const std::filesystem::path folder = std::filesystem::path(output).parent_path();
 
   bool headerWritten = false;
-  uint64_t id = 0;
   size_t done = 0;
   for (const auto& entry : sets) {
     if (progress && progress->updateProgress(static_cast<int>(100 * done++ / sets.size()))) return UD_USER_CANCEL;
@@ -151,12 +150,16 @@ int convert(const TleSettings& settings, ScenarioUD::PercentCallback* progress) 
     PropagatorAIAA satellite(set.name, set.line1, set.line2);
     ConversionLog::notice("TLE: " + set.name);
     std::ostringstream gog;
+    // A satellite's platform id is its catalogue number (unique in a file:
+    // a repeated number is left out), so that the same satellite in another
+    // file of one archive continues its platform and another never does.
+    // A number that is no valid id gets one above the five-digit range.
+    const uint64_t id = entry.first > 0 ? static_cast<uint64_t>(entry.first) : 100000 + done;
     // The header goes with the first satellite that has a point to write.
-    if (writeSatProp2ASI(satellite, points, frame, os, !headerWritten, settings, id + 1,
+    if (writeSatProp2ASI(satellite, points, frame, os, !headerWritten, settings, id,
                          settings.writeGog ? &gog : nullptr) == 0)
       continue;
     headerWritten = true;
-    ++id;
     if (!settings.writeGog) continue;
     const std::string gogPath = (folder / gogFileName(set.name)).string();
     std::ofstream gogFile;

@@ -53,6 +53,7 @@ int LegacyReader::read(const std::string& path) {
   }
 
   AsiScenarioFile scenarioFile(importers_);
+  scenarioFile.setRemembersPointTimes(files.size() > 1);
   std::vector<std::string> issues;
   PICommon::beginWaitCursor();
   bool failed = false;

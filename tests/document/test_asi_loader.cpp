@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "TransmitSupport.h"
+#include "document/ASIOutput.h"
 #include "document/ConvenienceFuncsUD.h"
 #include "document/ScenarioUD.h"
 
@@ -131,6 +132,28 @@ TEST_F(Loader, GeodeticPositionsOutOfRangeOrOfVersionTwoFiles) {
   EXPECT_NEAR(states.at(20).lon, -120 * M_PI / 180, 1e-12);
 }
 
+TEST_F(Loader, ScenarioKeywordsAreTakenAsTheCommandPipelineTakesThem) {
+  ScenarioUD late;
+  EXPECT_EQ(load(late, "Version 24\nRefLLA 30 -120 0\nCoordSystem ECI\nReferenceYear 2150\nReferenceYear 2201\n"
+                       "ReferenceTimeECI 100\nReferenceTimeECI 90000\nSoundFile a.wav 10\nSoundFile b.wav 10 20\n"
+                       "SoundFile c.wav -1 20\nImageFile x.png\n"),
+            0);
+  EXPECT_EQ(late.referenceYear(), 2150);
+  EXPECT_EQ(late.eciReferenceTime(), 0.0);
+  ASSERT_EQ(late.soundFiles().size(), 1u);
+  EXPECT_EQ(late.soundFiles()[0].first, "b.wav");
+  EXPECT_EQ(late.getExternalFile(EFT_IMAGE_FILE), std::vector<std::string>{"x.png"});
+  std::ostringstream written;
+  saveASIScenarioRequired(written, late, orvCore::LLA);
+  EXPECT_NE(written.str().find("ReferenceYear\t2150\n"), std::string::npos) << written.str();
+
+  // Up to version 13 the keyword names the IT configuration file.
+  ScenarioUD old;
+  EXPECT_EQ(load(old, "Version 13\nRefLLA 30 -120 0\nCoordSystem LLA\nImageFile it.cfg\n"), 0);
+  EXPECT_EQ(old.getExternalFile(EFT_IT_CONFIG_FILE), std::vector<std::string>{"it.cfg"});
+  EXPECT_TRUE(old.getExternalFile(EFT_IMAGE_FILE).empty());
+}
+
 TEST_F(Loader, WrittenScenarioReadsBack) {
   ScenarioUD original;
   original.setLatLonAlt(0.5, -2.0, 0);
@@ -222,6 +245,20 @@ TEST_F(LoaderToHost, WordsColoursAndNamesMeanWhatTheLanguageSays) {
   EXPECT_EQ(category(platforms[0], "Platform Type"), "Surface Ship");
   EXPECT_EQ(category(platforms[1], "Platform Type"), "Decoy");
   EXPECT_EQ(category(platforms[2], "Platform Type"), "Unknown");
+}
+
+TEST_F(LoaderToHost, LobStipplesAreHexadecimalAndTheWriterWritesThemSo) {
+  load("PlatformID 1\nPlatformName 1 p\nPlatformData 1 0 0.5 -2 0\nLOBID 1 20\nLOBData 20 5 0 0 1\n"
+       "LOBDrawStyle 20 5 red red 0xF0F0 ff00 3\n");
+  const nlohmann::json lobs = objects("lob");
+  ASSERT_EQ(lobs.size(), 1u);
+  const nlohmann::json style = lobs[0]["data"]["lobDrawStyles"]["records"][0];
+  EXPECT_EQ(style[3], 0xF0F0u);
+  EXPECT_EQ(style[4], 0xFF00u);
+  EXPECT_EQ(style[5], 3u);
+  std::ostringstream written;
+  saveASILOBDrawStyle(written, 20, 5, 0xFF0000FFu, 3, 0xFF0000FFu, 0xF0F0, 0xFF00, DataFormatUD());
+  EXPECT_NE(written.str().find(" 0xF0F0 0xFF00 3\n"), std::string::npos) << written.str();
 }
 
 TEST_F(LoaderToHost, ClassificationWithoutColourIsWhite) {

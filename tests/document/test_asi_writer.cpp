@@ -75,6 +75,18 @@ TEST_F(Writer, PlatformLinesInOrder) {
   EXPECT_GT(category, data);
 }
 
+TEST_F(Writer, VelocityIsWrittenOnlyOnTheStatesThatGaveOne) {
+  scenario.setLatLonAlt(0.5, -2.0, 0);
+  PlatformUD* p = platform(7);
+  const double pos[3] = {0.5, -2.0, 10};
+  const double velocity[3] = {1, 2, 3};
+  p->AddState(300, pos, nullptr, velocity, nullptr);
+  ASSERT_EQ(scenario.save(out, orvCore::LLA), 0);
+  const std::string text = out.str();
+  EXPECT_NE(text.find("PlatformData\t7 \"200.00000000\" 0.5 -2 10 0 0 0\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("PlatformData\t7 \"300.00000000\" 0.5 -2 10 0 0 0 1 2 3\n"), std::string::npos) << text;
+}
+
 TEST_F(Writer, DataLinesOfEachFamily) {
   format.degreeAngles = true;
   const double pos[3] = {0.5, -1.0, 3};

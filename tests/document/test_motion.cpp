@@ -291,6 +291,27 @@ TEST_F(PlatformStates, SpeedFormBuildsVelocityAlongYaw) {
   EXPECT_EQ(platform->Motion()->Size(), 1u);
 }
 
+TEST_F(PlatformStates, GivenVelocitiesStandAndTheMarkTravelsWithCopiesOfTheState) {
+  const double velocity[3] = {1, 2, 3};
+  const double acceleration[3] = {4, 5, 6};
+  const double north[3] = {0.1001, 0.2, 10};
+  ASSERT_EQ(platform->AddState(0, pos, nullptr, velocity, acceleration), UD_NO_ERROR);
+  ASSERT_EQ(platform->AddState(10, north, nullptr, nullptr), UD_NO_ERROR);
+  LinearPlatMotionUD& motion = *platform->Motion();
+  MotionStateUD copy = motion.states().at(0);
+  MotionStateUD assigned;
+  assigned = copy;
+  copy.SetAcceleration(nullptr);  // dropping the acceleration keeps the mark
+  for (const MotionStateUD* s : {&copy, &assigned}) EXPECT_TRUE(s->velocityGiven());
+  ASSERT_NE(assigned.Acceleration(), nullptr);
+  EXPECT_EQ(assigned.Acceleration()[2], 6.0);
+  EXPECT_FALSE(motion.states().at(10).velocityGiven());
+
+  motion.CalculateVelocities();
+  EXPECT_EQ(motion.states().at(0).velNorth, 2.0);
+  EXPECT_NEAR(motion.states().at(10).velNorth, 63.8, 0.5);  // 0.0001 rad north in 10 s
+}
+
 TEST(AngleChecks, Limits) {
   EXPECT_FALSE(udIsBadAngle(2 * M_PI + 0.00005));
   EXPECT_TRUE(udIsBadAngle(2 * M_PI + 0.0002));

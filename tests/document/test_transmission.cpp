@@ -288,6 +288,30 @@ TEST_F(Transmission, BeamDataAreClearedAfterCreationAndEveryPointIsSentAsData) {
   EXPECT_EQ(objects("platform")[1]["header"]["name"], "Unknown");
 }
 
+TEST_F(Transmission, StatesWithoutAGivenVelocityGetOneFromTheirNeighbours) {
+  // A track that gives a velocity on its middle point only, moving north
+  // 0.1 degree (about 11 km) per 10 s.
+  build = [](ScenarioUD& s) {
+    s.setReferenceYear(2021);
+    PlatformUD* p = addPlatform(s, 1, "alpha", 100, {{10, 30.0}, {30, 30.2}});
+    const double lla[3] = {rad(30.1), rad(-1.0), 100.0};
+    const double velocity[3] = {5.0, 6.0, 7.0};
+    p->AddState(20, lla, nullptr, velocity, nullptr);
+    return 0;
+  };
+  ASSERT_FALSE(send(write("partial.fake", ""), false));
+  const nlohmann::json records = objects("platform")[0]["data"]["points"]["records"];
+  ASSERT_EQ(records.size(), 3u);
+  // Fields: time, x, y, z, yaw, pitch, roll, vx, vy, vz.
+  EXPECT_DOUBLE_EQ(records[1][7].get<double>(), 5.0);
+  EXPECT_DOUBLE_EQ(records[1][8].get<double>(), 6.0);
+  EXPECT_DOUBLE_EQ(records[1][9].get<double>(), 7.0);
+  for (const size_t i : {0u, 2u}) {
+    EXPECT_NEAR(records[i][8].get<double>(), 1109.0, 5.0) << i;
+    EXPECT_NEAR(records[i][7].get<double>(), 0.0, 1e-6) << i;
+  }
+}
+
 TEST_F(Transmission, AsiTextGoesThroughTheDocumentLoader) {
   const std::string path = write("small.asi",
                                  "Version 24\nRefLLA 30 -120 0\nCoordSystem LLA\nReferenceYear 2020\nDegreeAngles 1\n"

@@ -141,6 +141,21 @@ TEST_F(Satellites, DecayEndsOneTrackWithItsCodeAndTheOthersLoad) {
   EXPECT_LE(lost, 55u);
 }
 
+TEST_F(Satellites, SameSatelliteInTwoFilesOfAnArchiveIsOnePlatformWithoutDoubledPoints) {
+  // The rocket body is the first set of one file and the second of the other.
+  const std::string archive = zip("sets.zip", {{"a.tle", kDecaying}, {"b.tle", std::string(kIss) + kDecaying}});
+  const e2e::Outcome r = load(archive);
+  ASSERT_EQ(r.status, 0) << r.out << r.err;
+  const auto dump = json("dump.json");
+  std::map<std::string, size_t> points;
+  for (const auto& o : dump["objects"]) points[o["header"]["name"]] += records(o["data"], "points").size();
+  ASSERT_EQ(points.size(), 2u);
+  EXPECT_EQ(dump["objects"].size(), 2u);
+  EXPECT_EQ(points["ISS (ZARYA)"], 1440u);
+  EXPECT_GE(points["MINOTAUR R/B"], 51u);
+  EXPECT_LE(points["MINOTAUR R/B"], 55u);
+}
+
 TEST_F(Satellites, CancelStopsTheConversionBeforeTheNextSet) {
   const e2e::Outcome r =
       run({"--dump", "dump.json", "--cancel-after", "1", write("two.tle", std::string(kIss) + kDecaying)});

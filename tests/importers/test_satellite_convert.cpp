@@ -78,14 +78,15 @@ TEST_F(SatelliteConvert, SatellitesShareOneHeaderAndEachGetsItsGogFile) {
 
   const std::string asi = read("two.tle.asi");
   EXPECT_EQ(count(asi, "Version\t"), 1u);
-  EXPECT_LT(asi.find("Version\t"), asi.find("PlatformID\t1"));
+  // Each platform's id is its satellite's catalogue number.
+  EXPECT_LT(asi.find("Version\t"), asi.find("PlatformID\t25544"));
   EXPECT_THAT(asi, HasSubstr("ReferenceYear\t2005\n"));
-  EXPECT_THAT(asi, HasSubstr("PlatformName\t1 \"ISS (ZARYA)\"\n"));
-  EXPECT_THAT(asi, HasSubstr("PlatformName\t2 \"MINOTAUR R/B\"\n"));
-  EXPECT_EQ(count(asi, "PlatformData\t1 "), 60u);
+  EXPECT_THAT(asi, HasSubstr("PlatformName\t25544 \"ISS (ZARYA)\"\n"));
+  EXPECT_THAT(asi, HasSubstr("PlatformName\t28872 \"MINOTAUR R/B\"\n"));
+  EXPECT_EQ(count(asi, "PlatformData\t25544 "), 60u);
   // The rocket body decays 50 to 55 minutes after its epoch.
-  EXPECT_GE(count(asi, "PlatformData\t2 "), 51u);
-  EXPECT_LE(count(asi, "PlatformData\t2 "), 55u);
+  EXPECT_GE(count(asi, "PlatformData\t28872 "), 51u);
+  EXPECT_LE(count(asi, "PlatformData\t28872 "), 55u);
 
   // One GOG per satellite, named after it with the slash made safe.
   const std::string gog = read("ISS (ZARYA).gog");
