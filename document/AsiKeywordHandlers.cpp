@@ -21,6 +21,16 @@ constexpr double kDeg = M_PI / 180.0;
 
 bool startsWith(const std::string& lower, const char* prefix) { return lower.rfind(prefix, 0) == 0; }
 
+// Whether `word` is `lower` (lower case letters) in any case.
+bool isWordNoCase(const std::string& word, const std::string& lower) {
+  if (word.size() != lower.size()) return false;
+  for (size_t i = 0; i < word.size(); ++i) {
+    const char c = word[i];
+    if ((c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c) != lower[i]) return false;
+  }
+  return true;
+}
+
 bool isOrderFree(const std::string& lower) {
   return lower == "version" || lower == "reflla" || lower == "reflat" || lower == "reflon" || lower == "refalt" ||
          lower == "coordsystem";
@@ -105,6 +115,11 @@ int AsiKeywordHandlers::unknownHost_(const std::string& noun, unsigned long line
 
 int AsiKeywordHandlers::parse(const Tokens& t, unsigned long line) {
   const std::string& keyword = t[0];
+  // Nearly every line of a large file is PlatformData: once the header
+  // rules are met it goes to its handler without the keyword chain.
+  static const std::string platformData = "platformdata";
+  if (versionSeen_ && refSet_ && coordSet_ && isWordNoCase(keyword, platformData))
+    return asiPlatformOther_(platformData, t, line);
   const std::string lower = orvCore::lowerCase(keyword);
   if (!versionSeen_) {
     if (lower != "version") {
@@ -452,10 +467,18 @@ int AsiKeywordHandlers::asiPlatformData_(PlatformUD& platform, const Tokens& t) 
                            hasAcceleration ? a : nullptr);
 }
 
+PlatformUD* AsiKeywordHandlers::platform_(uint64_t id) {
+  const auto known = platforms_.find(id);
+  if (known != platforms_.end()) return known->second;
+  PlatformUD* platform = scenario_.findPlatform(id);
+  if (platform != nullptr) platforms_.emplace(id, platform);
+  return platform;
+}
+
 int AsiKeywordHandlers::asiPlatformOther_(const std::string& k, const Tokens& t, unsigned long) {
   if (t.size() < 2) return UD_BAD_TOKEN_COUNT;
   uint64_t id = 0;
-  PlatformUD* platform = id_(t[1], id) ? scenario_.findPlatform(id) : nullptr;
+  PlatformUD* platform = id_(t[1], id) ? platform_(id) : nullptr;
   if (platform == nullptr) return UD_UNKNOWN_OBJECT_ID;
   PlatformHeaderUD& h = *platform->Header();
   auto need = [&t](size_t count) { return t.size() == count; };

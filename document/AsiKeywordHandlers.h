@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "document/ScenarioUD.h"
@@ -34,6 +35,9 @@ class AsiKeywordHandlers {
   int asiPlatformRCS_(const Tokens& t, unsigned long line);
   int asiPlatformOther_(const std::string& keyword, const Tokens& t, unsigned long line);
   int asiPlatformData_(PlatformUD& platform, const Tokens& t);
+  // The scenario's platform `id`, by a hash of those found before: a load
+  // adds platforms and never removes one, so a found one stays valid.
+  PlatformUD* platform_(uint64_t id);
   // PlatformData's position columns (tokens 3 to 5) in the platform's frame.
   int position_(orvCore::CoordinateSystem system, const Tokens& t, double p[3]) const;
   int asiBeamID_(const Tokens& t, unsigned long line);
@@ -79,4 +83,5 @@ class AsiKeywordHandlers {
   std::map<uint64_t, unsigned int> quaternions_;
   // Event and old generic-data numbers -> the entity they belong to.
   std::map<uint64_t, uint64_t> eventRefs_, genericRefs_;
+  std::unordered_map<uint64_t, PlatformUD*> platforms_;
 };

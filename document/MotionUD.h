@@ -29,8 +29,6 @@ class LinearPlatMotionUD : public BaseMotionUD {
   using States = TimeOrderedStates<MotionStateUD>;
 
   void AddState(MotionStateUD state) { states_.add(std::move(state)); }
-  // Room for `count` states, for a reader that knows how many come.
-  void reserve(size_t count) { states_.reserve(count); }
   // Adds `seconds` to every state's time (a track moved onto another year).
   void shiftTimes(double seconds) { states_.shiftTimes(seconds); }
   // Drops every state and the memory that held them.

@@ -45,10 +45,36 @@ int PlatformUD::Valid(const DataFormatUD& format) const {
 
 int PlatformUD::AddState(double time, const double* position, const double* orientation, const double* velocity,
                          const double* acceleration) {
+  return addState_(time, position, orientation, velocity, acceleration, -1.0);
+}
+
+int PlatformUD::AddState(double time, const double* position, const double* orientation, double speed) {
+  if (speed < 0.0 || orientation == nullptr) return AddState(time, position, orientation, nullptr, nullptr);
+  if (udIsBadValue(speed)) {
+    // Refused as a velocity: after the position and orientation checks.
+    const double bad[3] = {speed, speed, speed};
+    return AddState(time, position, orientation, bad, nullptr);
+  }
+  return addState_(time, position, orientation, nullptr, nullptr, speed);
+}
+
+int PlatformUD::addState_(double time, const double* position, const double* orientation, const double* velocity,
+                          const double* acceleration, double speed) {
   LinearPlatMotionUD* motion = Motion();
   if (motion == nullptr) return UD_NO_MOTION;
   if (position == nullptr || badTriple(position)) return UD_BAD_PLAT_POSITION;
   if (orientation && (badTriple(orientation) || udIsBadAngle(orientation))) return UD_BAD_PLAT_ANGLE;
+  // Built before the remaining checks so that a speed turns into the
+  // velocity once, along the angles the state keeps.
+  MotionStateUD state(time, position, orientation);
+  double fromSpeed[3];
+  if (speed >= 0.0) {
+    state.SetSpeed(speed);
+    fromSpeed[0] = state.velEast;
+    fromSpeed[1] = state.velNorth;
+    fromSpeed[2] = state.velUp;
+    velocity = fromSpeed;
+  }
   if (badTriple(velocity)) return UD_BAD_PLAT_VELOCITY;
   if (badTriple(acceleration)) return UD_BAD_PLAT_ACCELERATION;
   if (!udIsFinite(time)) return UD_BAD_TIME_VALUE;
@@ -62,7 +88,6 @@ int PlatformUD::AddState(double time, const double* position, const double* orie
       return UD_BAD_TIME_VALUE;
     }
   }
-  MotionStateUD state(time, position, orientation);
   if (velocity) {
     state.SetVelocity(velocity[0], velocity[1], velocity[2]);
     state.setVelocityGiven(true);
@@ -72,19 +97,6 @@ int PlatformUD::AddState(double time, const double* position, const double* orie
   if (velocity) motion->setHasVelocity(true);
   motion->AddState(std::move(state));
   return UD_NO_ERROR;
-}
-
-int PlatformUD::AddState(double time, const double* position, const double* orientation, double speed) {
-  if (speed < 0.0 || orientation == nullptr) return AddState(time, position, orientation, nullptr, nullptr);
-  if (udIsBadValue(speed)) {
-    // Refused as a velocity: after the position and orientation checks.
-    const double bad[3] = {speed, speed, speed};
-    return AddState(time, position, orientation, bad, nullptr);
-  }
-  MotionStateUD direction(time, nullptr, orientation);
-  direction.SetSpeed(speed);
-  const double velocity[3] = {direction.velEast, direction.velNorth, direction.velUp};
-  return AddState(time, position, orientation, velocity, nullptr);
 }
 
 BeamUD* PlatformUD::FindBeam(uint64_t id) const { return findById(beams_, id); }

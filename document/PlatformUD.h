@@ -72,6 +72,11 @@ class PlatformUD : public ObjectLAUD {
   void cull(double degrees);
 
  private:
+  // Both forms: the checks in their order, then the state. A speed of 0 or
+  // more sets the velocity from the state's own yaw and pitch.
+  int addState_(double time, const double* position, const double* orientation, const double* velocity,
+                const double* acceleration, double speed);
+
   std::vector<BeamUD*> beams_;
   std::vector<LaserUD*> lasers_;
   std::vector<CustomRenderingUD*> customRenderings_;

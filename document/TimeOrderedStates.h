@@ -1,28 +1,29 @@
 #pragma once
-// The states of one motion: sorted by time, one state per time, in one
-// contiguous array, so that a state costs its own size and a share of the
-// array's spare room (bounded, see grow_).
+// The states of one motion: sorted by time, one state per time, in a
+// ChunkedArray. A state is built once where it stays: appending never moves
+// the states already held, and a state costs its own size.
 //
 // Importers append in rising time: that is a push_back. A state at a time
 // already present replaces the old one. A state out of order that lands
 // near the end is inserted in place; one further back is appended as it
-// comes and the array is sorted again before the next read, stably, so that
-// of two states at one time the later added stays. A file in any order then
-// costs n log n, never n squared.
+// comes and the states are sorted again before the next read, stably, so
+// that of two states at one time the later added stays. A file in any order
+// then costs n log n, never n squared.
 //
-// Reads sort on demand and so change the (mutable) array: like the rest of
+// Reads sort on demand and so change the (mutable) states: like the rest of
 // the document, one thread at a time.
 
 #include <algorithm>
 #include <cstddef>
 #include <stdexcept>
 #include <utility>
-#include <vector>
+
+#include "document/ChunkedArray.h"
 
 template <typename State>
 class TimeOrderedStates {
  public:
-  using Storage = std::vector<State>;
+  using Storage = ChunkedArray<State>;
   using iterator = typename Storage::iterator;
   using const_iterator = typename Storage::const_iterator;
   using value_type = State;
@@ -30,7 +31,7 @@ class TimeOrderedStates {
   void add(State state) {
     const double time = state.time;
     if (sorted_() && (states_.empty() || states_.back().time < time)) {
-      push_(std::move(state));
+      states_.push_back(std::move(state));
       sorted_size_ = states_.size();
       return;
     }
@@ -42,17 +43,15 @@ class TimeOrderedStates {
       }
       if (states_.end() - at <= kNearEnd) {
         const size_t index = static_cast<size_t>(at - states_.begin());
-        push_(std::move(state));
+        states_.push_back(std::move(state));
         std::rotate(states_.begin() + static_cast<std::ptrdiff_t>(index), states_.end() - 1, states_.end());
         sorted_size_ = states_.size();
         return;
       }
     }
-    push_(std::move(state));
+    states_.push_back(std::move(state));
   }
 
-  // Room for `count` states in all, where the caller knows how many come.
-  void reserve(size_t count) { states_.reserve(count); }
   void clear() {
     Storage().swap(states_);
     sorted_size_ = 0;
@@ -129,7 +128,6 @@ class TimeOrderedStates {
     Storage moved;
     moved.swap(states_);
     sorted_size_ = 0;
-    states_.reserve(moved.size());
     for (State& state : moved) {
       state.time += seconds;
       add(std::move(state));
@@ -167,24 +165,10 @@ class TimeOrderedStates {
 
  private:
   // An out-of-order state at most this far from the end is moved into place
-  // at once; the cost is a few moves, and the array stays sorted.
+  // at once; the cost is a few moves, and the states stay sorted.
   static constexpr std::ptrdiff_t kNearEnd = 64;
-  // Below this many states the array doubles; above it, it grows by a
-  // quarter, so that the spare room stays under a quarter of the states
-  // (each state is moved about four times over the growth: cheap next to
-  // reading it).
-  static constexpr size_t kDoublingLimit = 1024;
 
   bool sorted_() const { return sorted_size_ == states_.size(); }
-
-  void push_(State state) {
-    if (states_.size() == states_.capacity()) grow_();
-    states_.push_back(std::move(state));
-  }
-  void grow_() {
-    const size_t size = states_.size();
-    states_.reserve(size < kDoublingLimit ? std::max<size_t>(2 * size, 4) : size + size / 4);
-  }
 
   typename Storage::iterator lowerBound_(double time) const {
     return std::lower_bound(states_.begin(), states_.end(), time,

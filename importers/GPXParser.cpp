@@ -162,7 +162,6 @@ uint64_t TrackData::sendToASI(int referenceYear) {
   scenario_->addCategoryData(id, -1.0, "Platform Type", type_);
   scenario_->addCategoryData(id, -1.0, "Data Format", "GPX");
 
-  made->Motion()->reserve(points_.size());
   for (const PosInfo& point : points_) {
     const double time = point.year > 0 ? point.time + yearOffset(referenceYear, point.year) : point.time;
     const double position[3] = {point.latitude, point.longitude, point.altitude};

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -14,10 +15,13 @@
 #include "asi/PlatformParser.h"
 #include "asi/Resolver.h"
 #include "asi/ScenarioEntity.h"
+#include "asi/host/AsiParser.h"
 #include "asi/host/ScenarioProvider.h"
 #include "asi/host/TransmitSkeleton.h"
 #include "host/ReferenceHost.h"
 #include "hostapi/PIData.h"
+#include "pipeline/FileReaderEngine.h"
+#include "pipeline/FileReaderProgress.h"
 #include "pipeline/MessageManager.h"
 
 namespace AsiTest {
@@ -213,6 +217,36 @@ class AsiFixture : public ::testing::Test {
   std::unique_ptr<RefHost::ReferenceHost> host_;
   std::shared_ptr<AsiReader::ScenarioProvider> provider_;
   CapturingMessageManager messages_;
+};
+
+// Whole files through the read engine, each by a parser of its own that lives
+// to the end of the test.
+class AsiFileFixture : public AsiFixture {
+ protected:
+  void TearDown() override {
+    // Commands parked in a provider keep it alive: each read is cleared.
+    for (auto& parser : parsers_)
+      if (parser->provider()) parser->provider()->clear();
+    parsers_.clear();
+    AsiFixture::TearDown();
+  }
+
+  int read(const std::string& name, const std::string& text, AsiInterface::Resolver& resolver, bool append = false) {
+    const std::string path = ::testing::TempDir() + name;
+    std::ofstream(path, std::ios::binary) << text;
+    parsers_.push_back(std::make_unique<AsiReader::AsiParser>(PICommon::PI_HOST_ORVIDE));
+    AsiReader::AsiParser& parser = *parsers_.back();
+    parser.setAppend(append);
+    parser.setResolver(&resolver);
+    FileReaderPlugin::NullFileReaderProgress progress;
+    // A manager per read, so that each result counts its own errors.
+    CapturingMessageManager messages;
+    const int result = FileReaderPlugin::FileReaderEngine(parser).execute(path, messages, progress);
+    messages_.messages.insert(messages_.messages.end(), messages.messages.begin(), messages.messages.end());
+    return result;
+  }
+
+  std::vector<std::unique_ptr<AsiReader::AsiParser>> parsers_;
 };
 
 }  // namespace AsiTest

@@ -87,6 +87,7 @@ TEST_F(BeamDataTest, BadLinesAreReportedAndSendNothing) {
                                    "Line 16 BeamData: Expecting positive number for the BeamID"));
   EXPECT_EQ(PICommon::PI_NOTIFY_WARN, messages_.messages[0].severity);
   EXPECT_EQ(PICommon::PI_NOTIFY_ERROR, messages_.messages[1].severity);
+  EXPECT_EQ(PICommon::PI_NOTIFY_WARN, messages_.messages[2].severity);  // a bad azimuth does not fail the file
   EXPECT_EQ(0u, hostCount(RefHost::KIND_BEAM));
 }
 

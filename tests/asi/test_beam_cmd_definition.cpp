@@ -3,6 +3,7 @@
 // files, and the settings that wait for creation.
 
 #include <cmath>
+#include <sstream>
 
 #include "hostapi/PIORVIDE.h"
 #include "test_beam_cmd_support.h"
@@ -141,10 +142,23 @@ TEST_F(BeamAntennaTest, TheAntennaGoesOutOnceAtCreation) {
   start();
   platformWithData();
   beam(5);
+  std::ostringstream trace;
+  host_->setTraceStream(&trace);
   lines({"AntennaGain 5 30", "AntennaPattern 5 anttable pattern.tbl", "AntennaAlgorithm 5 gauss",
          "AntennaPattern 5 NSMA other.nsm", "AntennaPolarity 5 vertical", "AntennaFrequency 5 9400",
          "AntennaPeakPower 5 25000", "AREPSPattern 5 a.env b.env", "BeamData 5 1 red 0 0 100", "AntennaGain 5 1",
          "AREPSPattern 5 c.env"});
+  host_->setTraceStream(nullptr);
+  // Creation: the beam with its first point, which is dropped and sent again
+  // as data, then the antenna.
+  std::vector<std::string> ops;
+  std::istringstream lines(trace.str());
+  for (std::string text; std::getline(lines, text);) {
+    const std::string op = nlohmann::json::parse(text).value("op", "");
+    if (op == "createBeam" || op == "flushEntityData" || op == "addDataPoint" || op == "setAntennaInfo")
+      ops.push_back(op);
+  }
+  EXPECT_THAT(ops, ElementsAre("createBeam", "flushEntityData", "addDataPoint", "setAntennaInfo"));
   EXPECT_THAT(texts(),
               ElementsAre("Line 10 AntennaAlgorithm: Antenna Pattern previously defined; ignoring second definition",
                           "Line 11 AntennaPattern: Antenna Pattern previously defined; ignoring second definition"));

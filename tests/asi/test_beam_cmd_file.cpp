@@ -3,15 +3,11 @@
 // the settings), and the end-of-file checks name incomplete beams and gates
 // and, in older files, references to ids never defined.
 
-#include <fstream>
 #include <memory>
 
 #include "AsiTestSupport.h"
 #include "asi/LliResolver.h"
 #include "asi/MetadataResolver.h"
-#include "asi/host/AsiParser.h"
-#include "pipeline/FileReaderEngine.h"
-#include "pipeline/FileReaderProgress.h"
 
 using namespace AsiTest;
 using ::testing::ElementsAre;
@@ -21,37 +17,13 @@ namespace {
 
 const double DEG = 0.017453292519943295;
 
-class BeamFileTest : public AsiFixture {
+class BeamFileTest : public AsiFileFixture {
  protected:
-  void TearDown() override {
-    for (auto& parser : parsers_)
-      if (parser->provider()) parser->provider()->clear();
-    parsers_.clear();
-    AsiFixture::TearDown();
-  }
-
-  int read(const std::string& name, const std::string& text, AsiInterface::Resolver& resolver, bool append = false) {
-    const std::string path = ::testing::TempDir() + name;
-    std::ofstream(path, std::ios::binary) << text;
-    parsers_.push_back(std::make_unique<AsiReader::AsiParser>(PICommon::PI_HOST_ORVIDE));
-    AsiReader::AsiParser& parser = *parsers_.back();
-    parser.setAppend(append);
-    parser.setResolver(&resolver);
-    FileReaderPlugin::NullFileReaderProgress progress;
-    // A manager per read, so that each result counts its own errors.
-    CapturingMessageManager messages;
-    const int result = FileReaderPlugin::FileReaderEngine(parser).execute(path, messages, progress);
-    messages_.messages.insert(messages_.messages.end(), messages.messages.begin(), messages.messages.end());
-    return result;
-  }
-
   std::vector<const RefHost::HostObject*> objects(RefHost::ObjectKind kind) const {
     std::vector<const RefHost::HostObject*> out;
     for (uint64_t id : host_->scenario().list(kind, std::nullopt)) out.push_back(host_->scenario().find(id));
     return out;
   }
-
-  std::vector<std::unique_ptr<AsiReader::AsiParser>> parsers_;
 };
 
 const char* const HEADER = "Version 24\nReferenceYear 2020\nCoordSystem LLA\nRefLLA 30 -80 0\n";

@@ -1,50 +1,22 @@
-// Whole ASI files through the read engine and the keyword table: the
-// platform commands together with the scenario commands that set the frame,
-// and the append rule that only platforms created by the file count.
-
-#include <fstream>
-#include <memory>
+// A whole ASI file through the read engine and the keyword table: the
+// platform commands together with the scenario commands that set the frame.
 
 #include "AsiTestSupport.h"
 #include "asi/LliResolver.h"
-#include "asi/host/AsiParser.h"
-#include "pipeline/FileReaderEngine.h"
-#include "pipeline/FileReaderProgress.h"
 
 using namespace AsiTest;
-using ::testing::Contains;
 
 namespace {
 
 const double DEG = 0.017453292519943295;
 
-class PlatformFileTest : public AsiFixture {
+class PlatformFileTest : public AsiFileFixture {
  protected:
-  void TearDown() override {
-    // Commands parked in a provider keep it alive: each read is cleared.
-    for (auto& parser : parsers_)
-      if (parser->provider()) parser->provider()->clear();
-    parsers_.clear();
-    AsiFixture::TearDown();
-  }
-
-  int read(const std::string& name, const std::string& text, bool append = false) {
-    const std::string path = ::testing::TempDir() + name;
-    std::ofstream(path, std::ios::binary) << text;
-    parsers_.push_back(std::make_unique<AsiReader::AsiParser>(PICommon::PI_HOST_ORVIDE));
-    AsiReader::AsiParser& parser = *parsers_.back();
-    parser.setAppend(append);
-    parser.setResolver(&resolver_);
-    FileReaderPlugin::NullFileReaderProgress progress;
-    return FileReaderPlugin::FileReaderEngine(parser).execute(path, messages_, progress);
-  }
-
   const RefHost::HostObject* hostPlatform(const std::string& name) {
     return host_->scenario().find(host_->scenario().findByName(RefHost::KIND_PLATFORM, name));
   }
 
   AsiInterface::LliResolver resolver_{"plat"};
-  std::vector<std::unique_ptr<AsiReader::AsiParser>> parsers_;
 };
 
 const char* const SHIP_FILE =
@@ -62,7 +34,7 @@ const char* const SHIP_FILE =
 }  // namespace
 
 TEST_F(PlatformFileTest, AFileDefinesItsFrameAndCreatesItsPlatform) {
-  EXPECT_EQ(0, read("plat_ship.asi", SHIP_FILE));
+  EXPECT_EQ(0, read("plat_ship.asi", SHIP_FILE, resolver_));
   EXPECT_TRUE(messages_.messages.empty()) << messages_.texts()[0];
   const auto& origin = host_->scenario().settings().originLLA;
   ASSERT_TRUE(origin.has_value());
@@ -84,16 +56,6 @@ TEST_F(PlatformFileTest, AFileDefinesItsFrameAndCreatesItsPlatform) {
   EXPECT_TRUE(parsers_.back()->hasNonStaticPlatforms());
 }
 
-TEST_F(PlatformFileTest, AnAppendWhosePlatformsAllMergeHasNoIndependentEntity) {
-  ASSERT_EQ(0, read("plat_first.asi", SHIP_FILE));
-  const size_t before = host_->scenario().list(RefHost::KIND_PLATFORM, std::nullopt).size();
-  EXPECT_EQ(-1, read("plat_again.asi", SHIP_FILE, true));
-  EXPECT_THAT(messages_.texts(), Contains("Must define at least one non-static independent entity"));
-  // Merged, not created again: the points went to the platform the host had.
-  EXPECT_EQ(before, host_->scenario().list(RefHost::KIND_PLATFORM, std::nullopt).size());
-  EXPECT_EQ(4u, hostPlatform("Blue Ship")->data(RefHost::SERIES_POINTS).count());
-}
-
 TEST_F(PlatformFileTest, LinesBeyondThePoolEachReadAfreshAfterBadOnes) {
   // More data lines than the engine has items, so each item carries several
   // lines in turn; every 497th line has a bad latitude, and a later line in
@@ -105,7 +67,7 @@ TEST_F(PlatformFileTest, LinesBeyondThePoolEachReadAfreshAfterBadOnes) {
     text += "PlatformData 1 " + std::to_string(100 + i) + (bad ? " north" : " 30.5") + " -80 " +
             std::to_string(i) + " 90 0 0 10\n";
   }
-  EXPECT_EQ(0, read("plat_pool.asi", text));
+  EXPECT_EQ(0, read("plat_pool.asi", text, resolver_));
   const int bad = lines / 497;
   ASSERT_EQ(static_cast<size_t>(bad), messages_.messages.size());
   // The header holds 10 lines; the data line i is file line 10 + i.

@@ -30,6 +30,32 @@ TEST_F(Loader, VersionMustComeFirst) {
             std::string::npos);
 }
 
+// PlatformData, in any case, obeys the header order like every keyword, and
+// reaches only platforms declared before it.
+TEST_F(Loader, PlatformDataInAnyCaseAfterTheHeaderOnly) {
+  ScenarioUD early;
+  EXPECT_EQ(load(early, "Version 3\nRefLLA 30 -120 0\nPLATFORMDATA 1 0 30 -120 0\n"), UD_FATAL);
+  EXPECT_NE(errors.str().find("Encountered token PLATFORMDATA before required Keyword CoordSystem.  Line#: 3"),
+            std::string::npos)
+      << errors.str();
+
+  ScenarioUD scenario;
+  ASSERT_EQ(load(scenario, "Version 3\nRefLLA 30 -120 0\nCoordSystem LLA\nPlatformID 1\n"
+                           "PLATFORMDATA 1 0 30 -120 5\nplatformData 1 10 30 -120 7\nPlatformDatum 1 20 30 -120 9\n"
+                           "PlatformData 2 0 31 -121 3\nPlatformID 2\nPlatformData 2 5 31 -121 4\n"),
+            0);
+  EXPECT_NE(errors.str().find("see line #7"), std::string::npos) << errors.str();
+  // Data for a platform not yet declared is refused; once it is, data is taken.
+  EXPECT_NE(errors.str().find("see line #8"), std::string::npos) << errors.str();
+  const PlatformUD* platform = scenario.findPlatform(1);
+  ASSERT_NE(platform, nullptr);
+  ASSERT_EQ(platform->Motion()->Size(), 2u);
+  EXPECT_EQ(platform->Motion()->states().at(10).alt, 7);
+  ASSERT_NE(scenario.findPlatform(2), nullptr);
+  ASSERT_EQ(scenario.findPlatform(2)->Motion()->Size(), 1u);
+  EXPECT_EQ(scenario.findPlatform(2)->Motion()->states().at(5).alt, 4);
+}
+
 TEST_F(Loader, UnknownHostIsNotFatalAndQuotedHashStays) {
   ScenarioUD scenario;
   EXPECT_EQ(load(scenario, "version 3\nRefLLA 30 -120 0\nCoordSystem LLA\nBeamID 9 2\n"

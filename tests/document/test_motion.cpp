@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <map>
 #include <vector>
 
 #include "document/ConvenienceFuncsUD.h"
@@ -111,6 +112,45 @@ TEST(PlatformMotion, StatesInAnyOrderEndSortedWithTheLastAtEachTime) {
   EXPECT_FALSE(reversed.DeleteItem(500));
   EXPECT_EQ(reversed.states().find(500), nullptr);
   EXPECT_EQ(reversed.Size(), 999u);
+}
+
+// A long track spans many storage chunks: states added out of order, repeated
+// and deleted anywhere in it read back as a map of time to last state would.
+TEST(PlatformMotion, LongTrackInAnyOrderMatchesAMapOfTimes) {
+  LinearPlatMotionUD motion;
+  std::map<double, double> expected;  // time -> altitude of the last state given
+  unsigned seed = 12345;
+  auto next = [&seed](unsigned range) {
+    seed = seed * 1103515245u + 12345u;
+    return (seed >> 8) % range;
+  };
+  auto add = [&](double t, double alt) {
+    motion.AddState(platformState(t, 0, 0, alt));
+    expected[t] = alt;
+  };
+  for (int t = 0; t < 6000; ++t) {
+    add(t, t);
+    if (t % 7 == 0) add(next(t + 1), -t);          // anywhere behind, often a repeat
+    if (t % 11 == 0) add(t - next(64) - 0.5, 2 * t);  // just behind the end
+    if (t % 500 == 0 && motion.Size() > 0) {
+      const double gone = next(t + 1);
+      EXPECT_EQ(motion.DeleteItem(gone), expected.erase(gone) == 1);
+    }
+  }
+  ASSERT_EQ(motion.Size(), expected.size());
+  auto want = expected.begin();
+  for (const MotionStateUD& state : motion.states()) {
+    ASSERT_EQ(state.time, want->first);
+    ASSERT_EQ(state.alt, want->second) << "at " << state.time;
+    ++want;
+  }
+  MotionStateUD out;
+  const double at = 4321.25;
+  const auto after = expected.upper_bound(at);
+  const auto before = std::prev(after);
+  ASSERT_TRUE(motion.GetState(at, out));
+  const double fraction = (at - before->first) / (after->first - before->first);
+  EXPECT_DOUBLE_EQ(out.alt, before->second + fraction * (after->second - before->second));
 }
 
 TEST(PlatformMotion, ShiftedTimesKeepTheStates) {
@@ -282,13 +322,21 @@ TEST_F(PlatformStates, SpeedFormBuildsVelocityAlongYaw) {
   EXPECT_NEAR(s.velNorth, 0, 1e-12);
   EXPECT_NEAR(s.Speed(), 10, 1e-12);
   EXPECT_TRUE(platform->Motion()->hasVelocity());
+  // Yaw -90 degrees heads west; a pitch of 30 degrees climbs.
+  const double climbingWest[3] = {-M_PI / 2, M_PI / 6, 0};
+  ASSERT_EQ(platform->AddState(7, pos, climbingWest, 10.0), UD_NO_ERROR);
+  const MotionStateUD& west = platform->Motion()->states().at(7);
+  EXPECT_NEAR(west.velEast, -10 * std::cos(M_PI / 6), 1e-12);
+  EXPECT_NEAR(west.velNorth, 0, 1e-12);
+  EXPECT_NEAR(west.velUp, 5, 1e-12);
+  EXPECT_EQ(platform->AddState(-3, pos, ori, 10.0), UD_BAD_TIME_VALUE);
   // A bad speed is a bad velocity, checked after position and orientation.
   const double nanPos[3] = {NAN, 0, 0};
   const double badAngle[3] = {7, 0, 0};
   EXPECT_EQ(platform->AddState(6, nanPos, ori, NAN), UD_BAD_PLAT_POSITION);
   EXPECT_EQ(platform->AddState(6, pos, badAngle, 4e38), UD_BAD_PLAT_ANGLE);
   EXPECT_EQ(platform->AddState(6, pos, ori, 4e38), UD_BAD_PLAT_VELOCITY);
-  EXPECT_EQ(platform->Motion()->Size(), 1u);
+  EXPECT_EQ(platform->Motion()->Size(), 2u);
 }
 
 TEST_F(PlatformStates, GivenVelocitiesStandAndTheMarkTravelsWithCopiesOfTheState) {

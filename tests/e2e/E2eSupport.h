@@ -49,6 +49,10 @@ inline std::string hex(const std::string& text) {
 
 inline std::string data(const std::string& name) { return std::string(ORV_TEST_DATA_DIR) + "/" + name; }
 
+inline std::string example(const std::string& name) {
+  return std::string(ORV_TEST_DATA_DIR) + "/../../examples/" + name;
+}
+
 class HostRun : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -90,6 +94,27 @@ class HostRun : public ::testing::Test {
   }
 
   std::string path(const std::string& name) const { return (work / name).string(); }
+
+  // Writes a file into the working folder and answers its path.
+  std::string write(const std::string& name, const std::string& text) {
+    std::ofstream(path(name), std::ios::binary) << text;
+    return path(name);
+  }
+
+  // Texts of the logged messages up to a severity (1 fatal, 2 error, 3 warning), all by default.
+  std::vector<std::string> messageTexts(int worst = 1 << 30) const {
+    std::vector<std::string> texts;
+    for (const auto& m : jsonLines("messages.jsonl"))
+      if (m["severity"].get<int>() <= worst) texts.push_back(m["text"]);
+    return texts;
+  }
+
+  // The same texts run together.
+  std::string messages(int worst) const {
+    std::string all;
+    for (const std::string& text : messageTexts(worst)) all += text;
+    return all;
+  }
 
   nlohmann::json json(const std::string& name) const { return nlohmann::json::parse(readText(work / name)); }
 

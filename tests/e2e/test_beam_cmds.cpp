@@ -1,28 +1,11 @@
-// Beam and gate commands through the loaded plug-in: a platform carrying a
-// radar beam with its antenna, a target beam and gates reach the host in the
-// display application, in the order of creation that the trace shows; bad
-// lines are reported by line; the plot application gets the same beams and
-// gates without the antenna.
-#include <cmath>
-
+// Beam and gate commands through the loaded plug-in in the plot application:
+// the same beams and gates as in the display, without the antenna.
 #include "E2eSupport.h"
 
 namespace {
 
 class BeamCommands : public e2e::HostRun {
  protected:
-  std::string write(const std::string& name, const std::string& text) {
-    std::ofstream(path(name)) << text;
-    return path(name);
-  }
-
-  std::vector<std::string> problems() const {
-    std::vector<std::string> texts;
-    for (const auto& m : jsonLines("messages.jsonl"))
-      if (m["severity"].get<int>() <= 3) texts.push_back(m["text"]);
-    return texts;
-  }
-
   // Objects of the dump by kind, in creation order.
   std::vector<nlohmann::json> objects(const nlohmann::json& dump, const std::string& kind) const {
     std::vector<nlohmann::json> out;
@@ -45,54 +28,6 @@ const char* const RADARS =
     "GateID 6 8\nGateType 8 TARGET\nTargetGateData 8 5 red 1 1 20000 23000 22000\n";
 
 }  // namespace
-
-TEST_F(BeamCommands, BeamsAndGatesReachTheDisplayWithTheirAntennaAndTarget) {
-  const std::string file = write("radars.asi", RADARS);
-  const e2e::Outcome r = run({"--dump", "dump.json", "--messages", "messages.jsonl", "--trace", "trace.jsonl", file});
-  // The bad azimuth is an error-free warning: the load result stays 0.
-  EXPECT_EQ(r.status, 0) << r.err;
-  EXPECT_EQ(problems(), std::vector<std::string>{"Line 22 BeamData: Invalid azimuth\n"});
-
-  const auto dump = json("dump.json");
-  const auto beams = objects(dump, "beam");
-  const auto gates = objects(dump, "gate");
-  ASSERT_EQ(beams.size(), 2u);
-  ASSERT_EQ(gates.size(), 2u);
-  const auto& search = beams[0];
-  EXPECT_EQ(search["header"]["name"], "search");
-  EXPECT_EQ(search["header"]["beamType"], 9);
-  EXPECT_NEAR(search["header"]["verticalWidth"].get<double>(), 20 * M_PI / 180, 1e-12);
-  EXPECT_EQ(search["settings"]["antenna"]["algorithm"], 2);
-  EXPECT_EQ(search["settings"]["antenna"]["gain"], 33.0);
-  const auto& points = search["data"]["points"]["records"];
-  ASSERT_EQ(points.size(), 3u);
-  EXPECT_NEAR(points[2][1].get<double>(), 40 * M_PI / 180, 1e-12);
-  EXPECT_EQ(search["data"]["colors"]["count"], 3);
-
-  const auto& tracker = beams[1];
-  EXPECT_EQ(tracker["header"]["name"], "Beam 6");
-  EXPECT_FALSE(tracker["data"].contains("points"));
-  EXPECT_EQ(tracker["data"]["targets"]["records"][0][1], dump["objects"][1]["id"]);
-
-  EXPECT_EQ(gates[0]["parent"], search["id"]);
-  EXPECT_EQ(gates[0]["header"]["gateType"], 1);
-  EXPECT_EQ(gates[0]["data"]["points"]["records"][0][7], 11000.0);
-  EXPECT_EQ(gates[1]["parent"], tracker["id"]);
-  EXPECT_EQ(gates[1]["header"]["gateType"], 3);
-
-  // Creation: the beam with its first point, which is dropped and sent
-  // again as data, then the antenna.
-  std::vector<std::string> ops;
-  for (const auto& line : jsonLines("trace.jsonl")) {
-    const std::string op = line.value("op", "");
-    if (op == "createBeam" || op == "flushEntityData" || op == "addDataPoint" || op == "setAntennaInfo")
-      ops.push_back(op);
-  }
-  ASSERT_GE(ops.size(), 7u);
-  // The ship's second point, then the search beam.
-  EXPECT_EQ(std::vector<std::string>(ops.begin() + 1, ops.begin() + 5),
-            (std::vector<std::string>{"createBeam", "flushEntityData", "addDataPoint", "setAntennaInfo"}));
-}
 
 TEST_F(BeamCommands, ThePlotApplicationTakesTheBeamsWithoutAntenna) {
   const std::string file = write("radars.asi", RADARS);

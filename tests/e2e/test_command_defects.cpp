@@ -9,13 +9,7 @@ namespace {
 
 using e2e::data;
 
-class CommandDefects : public e2e::HostRun {
- protected:
-  std::string write(const std::string& name, const std::string& text) {
-    std::ofstream(path(name), std::ios::binary) << text;
-    return path(name);
-  }
-};
+class CommandDefects : public e2e::HostRun {};
 
 TEST_F(CommandDefects, SettingAndRefuseTakeOneValueEachAndLeaveTheFiles) {
   const e2e::Outcome setting = run({"--setting", "Always Append By Name and Original ID=true", "--setting",

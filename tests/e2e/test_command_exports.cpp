@@ -10,7 +10,7 @@
 
 namespace {
 
-std::string example(const std::string& name) { return std::string(ORV_TEST_DATA_DIR) + "/../../examples/" + name; }
+using e2e::example;
 
 constexpr double DEGREES = 180.0 / M_PI;
 

@@ -5,15 +5,10 @@
 namespace {
 
 using e2e::data;
-
-std::string example(const std::string& name) { return std::string(ORV_TEST_DATA_DIR) + "/../../examples/" + name; }
+using e2e::example;
 
 class Verdicts : public e2e::HostRun {
  protected:
-  std::string write(const std::string& name, const std::string& text) {
-    std::ofstream(path(name)) << text;
-    return path(name);
-  }
   static std::vector<std::string> lines(const std::string& text) {
     std::vector<std::string> out;
     std::istringstream in(text);

@@ -11,7 +11,7 @@
 
 namespace {
 
-std::string example(const std::string& name) { return std::string(ORV_TEST_DATA_DIR) + "/../../examples/" + name; }
+using e2e::example;
 
 // Platform name -> number of points.
 using Platforms = std::map<std::string, int>;
@@ -23,14 +23,6 @@ class Examples : public e2e::HostRun {
     std::vector<std::string> args = {"--dump", "dump.json", "--messages", "messages.jsonl"};
     args.insert(args.end(), files.begin(), files.end());
     return run(args);
-  }
-
-  // Texts of errors and warnings (severity 1 to 3) in the message log.
-  std::vector<std::string> problems() const {
-    std::vector<std::string> texts;
-    for (const auto& m : jsonLines("messages.jsonl"))
-      if (m["severity"].get<int>() <= 3) texts.push_back(m["text"]);
-    return texts;
   }
 
   Platforms platforms(const nlohmann::json& dump) const {
@@ -52,7 +44,7 @@ class Examples : public e2e::HostRun {
   void expectLoaded(const std::vector<std::string>& files, const Platforms& expected) {
     const e2e::Outcome r = load(files);
     EXPECT_EQ(r.status, 0) << r.out << r.err;
-    EXPECT_EQ(problems(), std::vector<std::string>{});
+    EXPECT_EQ(messageTexts(3), std::vector<std::string>{});
     // Bad colours and the like are reported on stderr alone.
     EXPECT_EQ(r.err.find("ERROR"), std::string::npos) << r.err;
     const auto dump = json("dump.json");
@@ -141,7 +133,7 @@ TEST_F(Examples, SingleFilesLoadCleanWithTheirPlatformsAndPoints) {
 TEST_F(Examples, RadarLoadsCleanWithItsBeamsAndGates) {
   const e2e::Outcome r = load({example("radar.asi")});
   EXPECT_EQ(r.status, 0) << r.out << r.err;
-  EXPECT_EQ(problems(), std::vector<std::string>{});
+  EXPECT_EQ(messageTexts(3), std::vector<std::string>{});
   const auto dump = json("dump.json");
   EXPECT_EQ(platforms(dump), (Platforms{{"Frigate Avalon", 13}, {"Seeker 21", 13}, {"Raider 1", 13}}));
   // Name -> points of the beams and gates, and their objects by name.
@@ -171,7 +163,7 @@ TEST_F(Examples, RadarLoadsCleanWithItsBeamsAndGates) {
 TEST_F(Examples, DesignatorLoadsCleanWithItsLaserLobFansAndAProjectorOnABeam) {
   const e2e::Outcome r = load({example("designator.asi")});
   EXPECT_EQ(r.status, 0) << r.out << r.err;
-  EXPECT_EQ(problems(), std::vector<std::string>{});
+  EXPECT_EQ(messageTexts(3), std::vector<std::string>{});
   EXPECT_EQ(r.err.find("ERROR"), std::string::npos) << r.err;
   const auto dump = json("dump.json");
   EXPECT_EQ(platforms(dump),
@@ -265,7 +257,7 @@ TEST_F(Examples, ASecondFeedFileWithoutAPlatformOfItsOwnFails) {
   const std::string second = without(example("live_feed_2.asi"), "3", "feed_2_no_helicopter.asi");
   const e2e::Outcome r = load({example("live_feed_1.asi"), second});
   EXPECT_EQ(r.status, 3) << r.out << r.err;
-  const std::vector<std::string> texts = problems();
+  const std::vector<std::string> texts = messageTexts(3);
   ASSERT_FALSE(texts.empty());
   EXPECT_EQ(texts[0], "Must define at least one non-static independent entity\n");
   // The points of the merged platforms went in all the same.

@@ -15,17 +15,6 @@ class SideFiles : public e2e::HostRun {
     args.insert(args.end(), files.begin(), files.end());
     return run(args);
   }
-  std::string write(const std::string& name, const std::string& text) {
-    std::ofstream(path(name), std::ios::binary) << text;
-    return path(name);
-  }
-  // Texts of the messages at or above a severity (1 fatal ... 3 warning).
-  std::string messages(int worst) const {
-    std::string all;
-    for (const auto& m : jsonLines("messages.jsonl"))
-      if (m["severity"].get<int>() <= worst) all += m["text"].get<std::string>();
-    return all;
-  }
   // Platform name -> object, from the dump.
   std::map<std::string, nlohmann::json> platforms() const {
     std::map<std::string, nlohmann::json> out;

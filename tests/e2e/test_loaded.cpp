@@ -25,12 +25,17 @@ TEST_F(Loaded, ExampleLoadsAndTheSummaryTellsWhatArrived) {
 }
 
 TEST_F(Loaded, SuccessfulAppendRaisesTheSignalUnlessNoServiceIsOffered) {
-  const e2e::Outcome r = load({"--dump", "dump.json", data("e2e_ship.asi"), data("e2e_ship_more.asi")});
+  const e2e::Outcome r =
+      load({"--dump", "dump.json", "--trace", "trace.jsonl", data("e2e_ship.asi"), data("e2e_ship_more.asi")});
   EXPECT_EQ(r.status, 0) << r.err;
-  const auto signals = json("dump.json")["host"]["signals"];
+  const auto dump = json("dump.json");
+  const auto signals = dump["host"]["signals"];
   ASSERT_EQ(signals.size(), 1u);
   EXPECT_EQ(signals[0], "kesmet.orvide/PluginClient/SignalService/AppendData/1.0");
+  EXPECT_EQ(countOps(jsonLines("trace.jsonl"), "unbind"), 1);
   EXPECT_NE(r.out.find("objects:   platform 2\n"), std::string::npos) << r.out;
+  // Platform 1 merges by its ASI id, whatever its new name; platform 2 is new.
+  EXPECT_EQ(dump["objects"][0]["data"]["points"]["count"], 5);
 
   const e2e::Outcome quiet =
       run({"--no-signal-service", "--dump", "quiet.json", data("e2e_ship.asi"), data("e2e_ship_more.asi")});

@@ -14,28 +14,7 @@ class OtgFiles : public e2e::HostRun {
     return run({"--dump", "dump.json", "--messages", "messages.jsonl", file});
   }
 
-  std::string write(const std::string& name, const std::string& text) {
-    std::ofstream((work / name).string(), std::ios::binary) << text;
-    return (work / name).string();
-  }
 
-  // Texts of warnings and errors in the message log.
-  std::string problems() const {
-    std::string texts;
-    for (const auto& m : jsonLines("messages.jsonl"))
-      if (m["severity"].get<int>() <= 3) texts += m["text"].get<std::string>();
-    return texts;
-  }
-
-  std::vector<nlohmann::json> jsonLines(const std::string& name) const {
-    std::vector<nlohmann::json> lines;
-    std::istringstream in(e2e::readText(work / name));
-    for (std::string line; std::getline(in, line);)
-      if (!line.empty()) lines.push_back(nlohmann::json::parse(line));
-    return lines;
-  }
-
-  nlohmann::json dump() const { return nlohmann::json::parse(e2e::readText(work / "dump.json")); }
 };
 
 }  // namespace
@@ -43,8 +22,8 @@ class OtgFiles : public e2e::HostRun {
 TEST_F(OtgFiles, TheExampleLoadsItsTracksWithEllipses) {
   const e2e::Outcome r = load(std::string(ORV_TEST_DATA_DIR) + "/../../examples/northern_screen.otg");
   ASSERT_EQ(r.status, 0) << r.out << r.err;
-  EXPECT_EQ(problems(), "");
-  const auto d = dump();
+  EXPECT_EQ(messages(3), "");
+  const auto d = json("dump.json");
   EXPECT_EQ(d["scenario"]["classification"], "UNCLASSIFIED");
 
   std::map<std::string, int> points;
@@ -84,7 +63,7 @@ TEST_F(OtgFiles, TheExampleLoadsItsTracksWithEllipses) {
 TEST_F(OtgFiles, AFileWithoutMessagesFails) {
   const e2e::Outcome r = load(write("empty.otg", "no messages here\n"));
   EXPECT_NE(r.status, 0);
-  const std::string told = problems();
+  const std::string told = messages(3);
   EXPECT_NE(told.find("Empty data file encountered."), std::string::npos) << told;
   EXPECT_NE(told.find("Fatal error when loading OTG file"), std::string::npos) << told;
 }
@@ -96,8 +75,8 @@ TEST_F(OtgFiles, OnlyPlaceholderReportsLoadAnEmptyScenario) {
                                     "POS/140915Z0/MAR/9000N9/00000E0\n"
                                     "ENDAT\n"));
   EXPECT_EQ(r.status, 0) << r.out << r.err;
-  const std::string told = problems();
+  const std::string told = messages(3);
   EXPECT_EQ(told.find("Fatal error"), std::string::npos) << told;
   EXPECT_NE(told.find("No position report of the file could be loaded."), std::string::npos) << told;
-  EXPECT_TRUE(dump()["objects"].empty());
+  EXPECT_TRUE(json("dump.json")["objects"].empty());
 }

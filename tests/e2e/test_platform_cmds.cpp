@@ -8,13 +8,7 @@
 
 namespace {
 
-class PlatformCommands : public e2e::HostRun {
- protected:
-  std::string write(const std::string& name, const std::string& text) {
-    std::ofstream(path(name)) << text;
-    return path(name);
-  }
-};
+class PlatformCommands : public e2e::HostRun {};
 
 const char* const TWO_PLATFORMS =
     "Version 24\nCoordSystem LLA\nRefLLA 30 -80 0\nDegreeAngles 1\n"
@@ -35,8 +29,7 @@ TEST_F(PlatformCommands, PlatformsReachTheHostAndAnAppendThatOnlyMergesFails) {
   // The import loads; the append merges both platforms and so fails.
   EXPECT_EQ(r.status, 3) << r.err;
 
-  std::vector<std::string> texts;
-  for (const auto& m : jsonLines("messages.jsonl")) texts.push_back(m["text"]);
+  const std::vector<std::string> texts = messageTexts();
   ASSERT_GE(texts.size(), 5u);
   EXPECT_EQ(texts[0], "Line 10 PlatformData: Latitude position out of range\n");
   EXPECT_EQ(texts[1], "Line 16 PlatformData: Platform velocity not set, verify # of columns match input\n");

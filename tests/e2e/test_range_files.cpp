@@ -8,7 +8,7 @@
 
 namespace {
 
-std::string example(const std::string& name) { return std::string(ORV_TEST_DATA_DIR) + "/../../examples/" + name; }
+using e2e::example;
 
 class RangeFiles : public e2e::HostRun {
  protected:
@@ -16,18 +16,7 @@ class RangeFiles : public e2e::HostRun {
     return run({"--dump", "dump.json", "--messages", "messages.jsonl", "--trace", "trace.jsonl", file});
   }
 
-  std::string write(const std::string& name, const std::string& text) {
-    std::ofstream(path(name)) << text;
-    return path(name);
-  }
 
-  // Message texts of a severity up to `worst` (1 fatal, 2 error, 3 warning).
-  std::string messages(int worst) const {
-    std::string texts;
-    for (const auto& m : jsonLines("messages.jsonl"))
-      if (m["severity"].get<int>() <= worst) texts += m["text"].get<std::string>();
-    return texts;
-  }
 
   const nlohmann::json* object(const nlohmann::json& dump, const std::string& name) const {
     for (const auto& o : dump["objects"])

@@ -37,12 +37,17 @@ TEST_F(ReaderSelection, MissingFilesByExtension) {
   // Nobody claims ".xyz", so a missing one is unsupported, not missing.
   EXPECT_TRUE(has(failing(path("a.xyz")), "Unsupported format for the file \"" + path("a.xyz") + "\"\n"));
   EXPECT_TRUE(has(failing(data("e2e_not_asi.xyz")), "Unsupported format"));
+  // A file of a format that is known but not read here.
+  const std::string discn = write("s.discn", "x");
+  EXPECT_TRUE(has(failing(discn), "Unsupported format for the file \"" + discn + "\"\n"));
 }
 
 TEST_F(ReaderSelection, ArchivesWithSeveralTypesAreRefused) {
-  const std::string multiple = "contains multiple supported file types.  Please remove unnecessary extra files.\n";
-  EXPECT_TRUE(has(failing(zip("mixed.zip", {{"a.asi", "Version 24\n"}, {"b.csv", "x,y\n"}})), multiple));
-  EXPECT_TRUE(has(failing(zip("side.zip", {{"a.csv", "x\n"}, {"b.tle", "t\n"}})), multiple));
+  const std::string multiple = "\" contains multiple supported file types.  Please remove unnecessary extra files.\n";
+  const std::string mixed = zip("mixed.zip", {{"a.asi", "Version 24\n"}, {"b.csv", "x,y\n"}});
+  EXPECT_TRUE(has(failing(mixed), "File \"" + mixed + multiple));
+  const std::string side = zip("side.zip", {{"a.csv", "x\n"}, {"b.tle", "t\n"}});
+  EXPECT_TRUE(has(failing(side), "File \"" + side + multiple));
 }
 
 TEST_F(ReaderSelection, ArchiveOfSideFormatsGoesToTheLegacyReader) {
@@ -62,7 +67,7 @@ TEST_F(ReaderSelection, SideFormatLoadsCanBeCanceled) {
 TEST_F(ReaderSelection, ZippedHdf5AndCorruptArchives) {
   EXPECT_TRUE(has(failing(zip("data.zip", {{"x.hdf5", "h"}})), "A zipped HDF5 file must have an hdfz extension.\n"));
   std::ofstream(path("corrupt.zip")) << "PK this is not an archive";
-  EXPECT_TRUE(has(failing(path("corrupt.zip")), "Unsupported format for the file"));
+  EXPECT_TRUE(has(failing(path("corrupt.zip")), "Unsupported format for the file \"" + path("corrupt.zip") + "\"\n"));
   EXPECT_TRUE(tmpIsEmpty());
 }
 

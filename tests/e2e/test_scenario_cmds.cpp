@@ -8,13 +8,7 @@
 
 namespace {
 
-class ScenarioCommands : public e2e::HostRun {
- protected:
-  std::string write(const std::string& name, const std::string& text) {
-    std::ofstream(path(name)) << text;
-    return path(name);
-  }
-};
+class ScenarioCommands : public e2e::HostRun {};
 
 TEST_F(ScenarioCommands, AFileAndAnAppendedOneReachTheHost) {
   const std::string first = write("first.asi",

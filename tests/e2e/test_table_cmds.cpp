@@ -6,18 +6,7 @@
 
 namespace {
 
-class TableCommands : public e2e::HostRun {
- protected:
-  std::string write(const std::string& name, const std::string& text) {
-    std::ofstream(path(name)) << text;
-    return path(name);
-  }
-  std::vector<std::string> texts() const {
-    std::vector<std::string> out;
-    for (const auto& m : jsonLines("messages.jsonl")) out.push_back(m["text"]);
-    return out;
-  }
-};
+class TableCommands : public e2e::HostRun {};
 
 // Type and unit codes as the dump shows them.
 constexpr int UTILS_VT_INT32 = 6;
@@ -37,7 +26,7 @@ TEST_F(TableCommands, RowsWaitForThePlatformAndReachTheHostInOrder) {
       "PlatformData 1 0 36.6 -121.9 0 0 0 0\nPlatformData 1 10 36.61 -121.9 0 0 0 0\n");
   const e2e::Outcome r = run({"--dump", "dump.json", "--messages", "messages.jsonl", file});
   EXPECT_EQ(r.status, 0) << r.err;
-  EXPECT_TRUE(texts().empty());
+  EXPECT_TRUE(messageTexts().empty());
 
   const auto dump = json("dump.json");
   ASSERT_EQ(dump["tables"].size(), 1u);
@@ -103,7 +92,7 @@ TEST_F(TableCommands, EveryComplaintOfTheThreeCommands) {
       "Line 21 DataTableRow: Could not find specified table\n",
       "Line 23 DataTableRow: Invalid double specified for column 1\n",
       "Line 24 DataTableRow: Invalid double specified for column 1\n"};
-  std::vector<std::string> got = texts();
+  std::vector<std::string> got = messageTexts();
   ASSERT_GE(got.size(), expected.size());
   got.resize(expected.size());
   EXPECT_EQ(got, expected);

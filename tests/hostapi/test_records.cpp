@@ -56,17 +56,6 @@ TEST(HostApiDataStruct, DefaultsAreTheHostsEmptyValues) {
   EXPECT_EQ(s.kindMask, 0u);
 }
 
-TEST(HostApiKindMasks, MatchTheHostsObjectTypes) {
-  EXPECT_EQ(PIData::PI_OBJECT_PLATFORM, 1u);
-  EXPECT_EQ(PIData::PI_OBJECT_BEAM, 2u);
-  EXPECT_EQ(PIData::PI_OBJECT_GATE, 4u);
-  EXPECT_EQ(PIData::PI_OBJECT_GENERIC_DATA, 16u);
-  EXPECT_EQ(PIData::PI_OBJECT_LASER, 32u);
-  EXPECT_EQ(PIData::PI_OBJECT_LOB, 64u);
-  EXPECT_EQ(PIData::PI_OBJECT_PROJECTOR, 128u);
-  EXPECT_EQ(PIData::PI_OBJECT_CUSTOM_RENDERING, 256u);
-}
-
 TEST(HostApiValueRecords, ReferenceFrameStartsInItsDefaultState) {
   const PIData::PICoordReferenceFrame frame;
   EXPECT_EQ(frame.coordSystem, 4);

@@ -1,7 +1,6 @@
-// Satellite tracks: where the propagated points lie, when they start, how a
-// decay ends a track, and the eclipse state of a point.
+// Satellite tracks: where the propagated points lie, when they start, and the
+// eclipse state of a point.
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -12,13 +11,8 @@
 
 namespace {
 
-using ::testing::HasSubstr;
-
 const char* const kIss1 = "1 25544U 98067A   05207.31276620  .00009213  00000-0  73642-4 0  9958";
 const char* const kIss2 = "2 25544  51.6451  60.5367 0003083 157.4370 169.9096 15.71943135381834";
-// A sub-orbital set of the AIAA verification file: lost within an hour.
-const char* const kDecay1 = "1 28872U 05037B   05333.02012661  .25992681  00000-0  24476-3 0  1534";
-const char* const kDecay2 = "2 28872  96.4736 157.9986 0303955 244.0492 110.6523 16.46015938 10708";
 constexpr double DEG = M_PI / 180.0;
 
 TEST(TleTrack, TheStationFliesAtItsAltitudeAndSpeedOverItsInclination) {
@@ -78,21 +72,6 @@ TEST(TleTrack, ASpanShorterThanOneStepHasNoPoints) {
   settings.step = 0.0;
   settings.span = 24.0;
   EXPECT_EQ(TLE2ASI::pointCount(settings), 0);
-}
-
-TEST(TleTrack, DecayEndsTheTrackWithItsCode) {
-  PropagatorAIAA rocket("MINOTAUR R/B", kDecay1, kDecay2);
-  TLE2ASI::TleSettings settings;
-  std::vector<TLE2ASI::TrackPoint> points;
-  ::testing::internal::CaptureStderr();
-  const int code = TLE2ASI::computeTrack(rocket, 1440, 60.0, TLE2ASI::startTime(settings, rocket), points);
-  const std::string told = ::testing::internal::GetCapturedStderr();
-  EXPECT_EQ(code, 6);
-  EXPECT_THAT(told, HasSubstr("Code [6] occurred with MINOTAUR R/B in AIAA::sgp4"));
-  EXPECT_THAT(told, HasSubstr("Satellite has decayed"));
-  // Lost between 50 and 55 minutes after its epoch (one point a minute from 0).
-  EXPECT_GE(points.size(), 51u);
-  EXPECT_LE(points.size(), 55u);
 }
 
 TEST(TleTrack, EclipseDependsOnTheSunAndTheHorizonDepression) {

@@ -101,101 +101,12 @@ class ReaderSelectionTest : public ::testing::Test {
       if (it->severity == 2) return it->text;
     return "";
   }
-  size_t errorCount() const {
-    size_t n = 0;
-    for (const auto& note : host_->notifications()) n += note.severity == 2;
-    return n;
-  }
-  // The chosen reader's own extension list tells which reader it is.
-  std::string chosenPatterns(const std::shared_ptr<FileReader>& reader) {
-    std::map<std::string, std::string> e;
-    reader->getSupportedFileExtensions(e);
-    std::string all;
-    for (const auto& kv : e) all += kv.first + " ";
-    return all;
-  }
 
   fs::path work_;
   std::unique_ptr<RefHost::ReferenceHost> host_;
   std::shared_ptr<ReadLog> log_;
   std::unique_ptr<FileReaderPlugin::ReaderFactory> factory_;
 };
-
-TEST_F(ReaderSelectionTest, ListsEveryPatternOnce) {
-  std::map<std::string, std::string> e;
-  factory_->getSupportedFileExtensions(e);
-  EXPECT_EQ(e.size(), 9u);
-  EXPECT_EQ(e["*.asi"], "ASCII Scenario Input File");
-  EXPECT_EQ(e["*.zip"], "ZIP Archive Of Supported Formats");
-  EXPECT_EQ(e["*.kp"], "Kepler Propagation Format");
-  EXPECT_EQ(e["*.csv"], "SCORE & PMRF Comma Separated Value");
-}
-
-TEST_F(ReaderSelectionTest, AsiFilesAreChosenByTheirVersionLine) {
-  auto reader = factory_->createReader(file("a.asi", "Version 3\n"));
-  ASSERT_TRUE(reader);
-  EXPECT_EQ(chosenPatterns(reader), "*.asi ");
-  EXPECT_TRUE(factory_->createReader(file("b.ASI", "# comment\n\n   \nVersion 3\n")));
-  EXPECT_EQ(errorCount(), 0u);
-
-  std::string notVersion = file("c.asi", "RefLat 10\nVersion 3\n");
-  EXPECT_FALSE(factory_->createReader(notVersion));
-  EXPECT_EQ(lastError(), "Unsupported format for the file \"" + notVersion + "\"\n");
-
-  std::string empty = file("d.asi", "");
-  EXPECT_FALSE(factory_->createReader(empty));
-  EXPECT_EQ(lastError(), "Unsupported format for the file \"" + empty + "\"\n");
-  EXPECT_EQ(errorCount(), 2u);
-}
-
-TEST_F(ReaderSelectionTest, MissingFilesAndUnknownExtensions) {
-  std::string zipPath = (work_ / "missing.zip").string();
-  EXPECT_FALSE(factory_->createReader(zipPath));
-  EXPECT_EQ(lastError(), "File \"" + zipPath + "\" not found or not readable.\n");
-  std::string kp = (work_ / "missing.kp").string();
-  EXPECT_FALSE(factory_->createReader(kp));
-  EXPECT_EQ(lastError(), "File \"" + kp + "\" not found or not readable.\n");
-  std::string xyz = (work_ / "missing.xyz").string();
-  EXPECT_FALSE(factory_->createReader(xyz));
-  EXPECT_EQ(lastError(), "Unsupported format for the file \"" + xyz + "\"\n");
-  std::string discn = file("s.discn", "x");
-  EXPECT_FALSE(factory_->createReader(discn));
-  EXPECT_EQ(lastError(), "Unsupported format for the file \"" + discn + "\"\n");
-  EXPECT_EQ(errorCount(), 4u);
-}
-
-TEST_F(ReaderSelectionTest, ArchivesAreClaimedByTheirMembers) {
-  file("a.asi", "Version 24\n");
-  file("b.csv", "x");
-  file("c.csv", "x");
-  file("d.tle", "x");
-  file("e.hdf5", "x");
-  const std::string multiple = " contains multiple supported file types.  Please remove unnecessary extra files.\n";
-
-  std::string asiCsv = zip("asi_csv.zip", {"a.asi", "b.csv"});
-  EXPECT_FALSE(factory_->createReader(asiCsv));
-  EXPECT_EQ(lastError(), "File \"" + asiCsv + "\"" + multiple);
-
-  std::string csvTle = zip("csv_tle.zip", {"b.csv", "d.tle"});
-  EXPECT_FALSE(factory_->createReader(csvTle));
-  EXPECT_EQ(lastError(), "File \"" + csvTle + "\"" + multiple);
-
-  auto legacy = factory_->createReader(zip("csv_csv.zip", {"b.csv", "c.csv"}));
-  ASSERT_TRUE(legacy);
-  EXPECT_NE(chosenPatterns(legacy).find("*.wam"), std::string::npos);
-
-  auto zipped = factory_->createReader(zip("asi.zip", {"a.asi"}));
-  ASSERT_TRUE(zipped);
-  EXPECT_EQ(chosenPatterns(zipped), "*.zip ");
-
-  std::string hdf = zip("hdf.zip", {"e.hdf5"});
-  EXPECT_FALSE(factory_->createReader(hdf));
-  EXPECT_EQ(lastError(), "A zipped HDF5 file must have an hdfz extension.\n");
-
-  std::string corrupt = file("corrupt.zip", "PK\x03\x04 not an archive");
-  EXPECT_FALSE(factory_->createReader(corrupt));
-  EXPECT_EQ(lastError(), "Unsupported format for the file \"" + corrupt + "\"\n");
-}
 
 TEST_F(ReaderSelectionTest, ZipReaderReadsMembersInArchiveOrderOnce) {
   file("b.asi", "# Scenario Identifier: feed\nVersion 24\n");
@@ -234,17 +145,6 @@ TEST_F(ReaderSelectionTest, ZipReaderStopsAtTheFirstFailingMember) {
   EXPECT_EQ(reader->read(path), 2);
   ASSERT_EQ(log_->reads.size(), 2u);
   EXPECT_TRUE(log_->reads[0].second);
-}
-
-TEST_F(ReaderSelectionTest, ZipMembersMustShareOneScenarioIdentifier) {
-  file("x.asi", "# Scenario Identifier: x\nVersion 24\n");
-  file("y.asi", "Version 24\n");
-  std::string path = zip("mixed_ids.zip", {"x.asi", "y.asi"});
-  auto reader = factory_->createReader(path);
-  ASSERT_TRUE(reader);
-  std::string id;
-  EXPECT_EQ(reader->getScenarioIdentifier(path, id), -1);
-  EXPECT_EQ(lastError(), "ZIP contains multiple files with different Scenario IDs\n");
 }
 
 TEST_F(ReaderSelectionTest, LegacyFormatsThatDoNotLoadFailHonestly) {

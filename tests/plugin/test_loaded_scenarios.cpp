@@ -1,6 +1,5 @@
-// Whole loads that reach the host with data: result 0, the append signal,
-// one resolver across the files of a feed, archives and the dialog's
-// multi-file import.
+// Whole loads that reach the host with data: result 0 and the clock, archives
+// and the dialog's multi-file import.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -45,22 +44,6 @@ TEST_F(LoadedScenarioTest, ExampleLoadsWithoutErrors) {
   EXPECT_EQ(points(0), 3u);
   EXPECT_EQ(requests("clockAutoConfigureBeginEnd"), 1);
   EXPECT_EQ(requests("clockSetTime"), 1);
-}
-
-TEST_F(LoadedScenarioTest, AppendOfTheSameFeedMergesAndRaisesTheSignal) {
-  startPlugin();
-  EXPECT_EQ(open(data("e2e_ship.asi"), false), 0);
-  EXPECT_TRUE(host->signalsRaised().empty());  // an import raises none
-  const AsiInterface::Resolver* resolver = plugin->resolver();
-
-  // Platform 1 merges by its ASI id, whatever its new name; platform 2 is new.
-  EXPECT_EQ(open(data("e2e_ship_more.asi"), true), 0);
-  EXPECT_EQ(plugin->resolver(), resolver);
-  EXPECT_EQ(platforms(), 2u);
-  EXPECT_EQ(points(0), 5u);
-  ASSERT_EQ(host->signalsRaised().size(), 1u);
-  EXPECT_EQ(host->signalsRaised()[0], PluginClient::Interfaces::APPEND_DATA_SIGNAL);
-  EXPECT_EQ(requests("unbind"), 1);
 }
 
 TEST_F(LoadedScenarioTest, HostOpenOfAGoodFileShowsNoBox) {
