@@ -18,24 +18,6 @@ namespace {
 
 bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
-const char* localPart(const char* name) {
-  const char* colon = std::strrchr(name, ':');
-  return colon ? colon + 1 : name;
-}
-
-// ASCII comparison without regard to case of `text` (of `length`) and a
-// terminated `name`.
-bool sameName(const char* text, size_t length, const char* name) {
-  for (size_t i = 0; i < length; ++i, ++name) {
-    if (*name == '\0') return false;
-    char a = text[i], b = *name;
-    if (a >= 'A' && a <= 'Z') a = static_cast<char>(a - 'A' + 'a');
-    if (b >= 'A' && b <= 'Z') b = static_cast<char>(b - 'A' + 'a');
-    if (a != b) return false;
-  }
-  return *name == '\0';
-}
-
 }  // namespace
 
 // ---------------------------------------------------------------- XmlTree
@@ -60,8 +42,15 @@ XmlTree::~XmlTree() {
 
 std::string XmlTree::localName() const { return name_.substr(localStart_); }
 
-bool XmlTree::is(const char* name) const {
-  return sameName(name_.data() + localStart_, name_.size() - localStart_, name);
+bool XmlTree::sameLetters(const char* a, const char* b, size_t length) {
+  for (size_t i = 0; i < length; ++i) {
+    char x = a[i], y = b[i];
+    if (x == y) continue;
+    if (x >= 'A' && x <= 'Z') x = static_cast<char>(x - 'A' + 'a');
+    if (y >= 'A' && y <= 'Z') y = static_cast<char>(y - 'A' + 'a');
+    if (x != y) return false;
+  }
+  return true;
 }
 
 std::string XmlTree::trimmedValue() const {
@@ -72,9 +61,12 @@ std::string XmlTree::trimmedValue() const {
 }
 
 const std::string* XmlTree::attribute(const char* name) const {
+  const size_t length = std::strlen(name);
   for (const auto& attribute : attributes_) {
-    const char* local = localPart(attribute.first.c_str());
-    if (sameName(local, std::strlen(local), name)) return &attribute.second;
+    const std::string& full = attribute.first;
+    const size_t colon = full.rfind(':');
+    const size_t start = colon == std::string::npos ? 0 : colon + 1;
+    if (full.size() - start == length && sameLetters(full.data() + start, name, length)) return &attribute.second;
   }
   return nullptr;
 }
@@ -93,23 +85,29 @@ std::unique_ptr<XmlTree> XmlTree::releaseLastChild() {
 
 void XmlTree::reuse(const char* name, const char** attributes, unsigned long line,
                     std::vector<std::unique_ptr<XmlTree>>& spare, size_t keep) {
-  name_.assign(name);
-  const size_t colon = name_.rfind(':');
-  localStart_ = colon == std::string::npos ? 0 : colon + 1;
+  // A long file repeats its element and attribute names: a node made over
+  // for the same name keeps it as it is.
+  if (std::strcmp(name_.c_str(), name) != 0) {
+    name_.assign(name);
+    const size_t colon = name_.rfind(':');
+    localStart_ = colon == std::string::npos ? 0 : colon + 1;
+  }
   line_ = line;
   value_.clear();
   size_t count = 0;
   for (const char** a = attributes; a && a[0]; a += 2, ++count) {
     if (count < attributes_.size()) {
-      attributes_[count].first.assign(a[0]);
+      if (std::strcmp(attributes_[count].first.c_str(), a[0]) != 0) attributes_[count].first.assign(a[0]);
       attributes_[count].second.assign(a[1]);
     } else {
       attributes_.emplace_back(a[0], a[1]);
     }
   }
   attributes_.resize(count);
-  for (auto& child : children_)
-    if (spare.size() < keep) spare.push_back(std::move(child));
+  // Last child first, so that the next element to be made over is the one
+  // that the same structure wants next (and keeps its name).
+  for (auto child = children_.rbegin(); child != children_.rend(); ++child)
+    if (spare.size() < keep) spare.push_back(std::move(*child));
   children_.clear();
 }
 

@@ -9,6 +9,7 @@
 // expat's own error text instead of exhausting the process.
 
 #include <cstddef>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <utility>
@@ -31,8 +32,14 @@ class XmlTree {
   const std::string& name() const { return name_; }
   // The name without its namespace prefix ("gpx:trk" -> "trk").
   std::string localName() const;
-  // True when the local name equals `name`, without regard to case.
-  bool is(const char* name) const;
+  // True when the local name equals `name`, without regard to case. Inline:
+  // the length of a literal is then known and most names fail on it.
+  bool is(const char* name) const {
+    const size_t length = std::strlen(name);
+    return name_.size() - localStart_ == length && sameLetters(name_.data() + localStart_, name, length);
+  }
+  // ASCII comparison of `length` characters without regard to case.
+  static bool sameLetters(const char* a, const char* b, size_t length);
   const std::string& value() const { return value_; }
   // The text without leading and trailing white space.
   std::string trimmedValue() const;

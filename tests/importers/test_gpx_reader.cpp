@@ -6,6 +6,9 @@
 
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
 
 #include "ImporterTestSupport.h"
 #include "importers/GPXParser.h"
@@ -144,6 +147,29 @@ TEST(GpxWaypoints, LabelsFromDescriptionOrCommentAndRequiredPosition) {
   EXPECT_EQ(platforms[0]->Header()->callSign, "comment");
   EXPECT_EQ(platforms[1]->Header()->callSign, "GPS WPT");  // "name" is not a label
   EXPECT_EQ(platforms[2]->Header()->callSign, "GPS WPT");
+}
+
+TEST(GpxWaypoints, NumbersReadAsStrtodReadsThem) {
+  // Short decimals, and the texts that a quick reading of short decimals
+  // must hand on: exponents, more digits than a double holds, signs, blanks,
+  // trailing text, no digits at all.
+  const std::vector<std::string> texts = {
+      "1600.5",  "-104.9999900", "0.1",  "0.3",       " \t+12.25",          "-0",   ".5",   "7.",  "4.35e2",
+      "2.5E-1",  "9007199254740993", "123456789.123456789", "0.12345678901234567890123456789", "12abc",
+      "abc",     "-.",   "3.14159265358979323846"};
+  std::string body;
+  for (const std::string& text : texts) body += "<wpt lat=\"1\" lon=\"2\"><ele>" + text + "</ele></wpt>\n";
+  ScenarioUD scenario;
+  ASSERT_EQ(ParseGPXFile(writeFile("gpx_numbers.gpx", gpx(body)), &scenario, false), 0);
+  const auto platforms = platformsOf(scenario);
+  ASSERT_EQ(platforms.size(), texts.size());
+  for (size_t i = 0; i < texts.size(); ++i) {
+    SCOPED_TRACE(texts[i]);
+    const double altitude = platforms[i]->Motion()->states().front().alt;
+    const double expected = std::strtod(texts[i].c_str(), nullptr);
+    EXPECT_EQ(altitude, expected);
+    EXPECT_EQ(std::signbit(altitude), std::signbit(expected));
+  }
 }
 
 TEST(GpxInTheWild, PrefixesExtensionsCdataBomCrlfAndDegreeByte) {
