@@ -28,7 +28,7 @@ constexpr int kLastYear = 9999;
 void complain(const std::string& text) { Importers::tellFault(text); }
 
 // A plain decimal ("-104.9999900") whose digits make an integer below 2^53
-// and that has at most 22 decimals is that integer divided by an exact power
+// (so at most 16 digits) is that integer divided by an exact power
 // of ten: one correctly rounded division, the very double that from_chars
 // answers. False for anything else (exponents, long mantissas, no digits).
 bool plainDecimal(const char* p, const char* end, double& value) {
@@ -37,19 +37,24 @@ bool plainDecimal(const char* p, const char* end, double& value) {
   constexpr uint64_t kExact = uint64_t{1} << 53;
   const bool negative = p < end && *p == '-';
   if (negative) ++p;
+  // Up to 19 digits fit the integer without overflow; it is checked once.
+  constexpr size_t kMostDigits = 19;
   uint64_t mantissa = 0;
   size_t digitCount = 0, decimals = 0;
-  for (; p < end && *p >= '0' && *p <= '9'; ++p, ++digitCount) {
+  for (; p < end && static_cast<unsigned>(*p - '0') < 10; ++p, ++digitCount) {
+    if (digitCount == kMostDigits) return false;
     mantissa = mantissa * 10 + static_cast<uint64_t>(*p - '0');
-    if (mantissa > kExact) return false;
   }
   if (p < end && *p == '.') {
-    for (++p; p < end && *p >= '0' && *p <= '9'; ++p, ++digitCount, ++decimals) {
+    const size_t before = digitCount;
+    for (++p; p < end && static_cast<unsigned>(*p - '0') < 10; ++p, ++digitCount) {
+      if (digitCount == kMostDigits) return false;
       mantissa = mantissa * 10 + static_cast<uint64_t>(*p - '0');
-      if (mantissa > kExact || decimals >= 22) return false;
     }
+    decimals = digitCount - before;
   }
-  if (digitCount == 0 || (p < end && (*p == 'e' || *p == 'E'))) return false;
+  if (digitCount == 0 || mantissa > kExact || (p < end && (*p == 'e' || *p == 'E')))
+    return false;
   const double magnitude = static_cast<double>(mantissa) / kPowers[decimals];
   value = negative ? -magnitude : magnitude;
   return true;

@@ -36,7 +36,9 @@ class XmlTree {
   // the length of a literal is then known and most names fail on it.
   bool is(const char* name) const {
     const size_t length = std::strlen(name);
-    return name_.size() - localStart_ == length && sameLetters(name_.data() + localStart_, name, length);
+    if (name_.size() - localStart_ != length) return false;
+    const char* local = name_.data() + localStart_;
+    return std::memcmp(local, name, length) == 0 || sameLetters(local, name, length);
   }
   // ASCII comparison of `length` characters without regard to case.
   static bool sameLetters(const char* a, const char* b, size_t length);
