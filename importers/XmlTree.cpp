@@ -64,6 +64,8 @@ const std::string* XmlTree::attribute(const char* name) const {
   const size_t length = std::strlen(name);
   for (const auto& attribute : attributes_) {
     const std::string& full = attribute.first;
+    // Most files write the name just as asked ("lat"): no prefix to find.
+    if (full.size() == length && std::memcmp(full.data(), name, length) == 0) return &attribute.second;
     const size_t colon = full.rfind(':');
     const size_t start = colon == std::string::npos ? 0 : colon + 1;
     if (full.size() - start == length && sameLetters(full.data() + start, name, length)) return &attribute.second;
