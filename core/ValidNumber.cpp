@@ -110,35 +110,36 @@ const int LARGEST_EXACT_POWER = 22;
 // Integers up to 2^53 are exact in a double.
 const std::uint64_t LARGEST_EXACT_MANTISSA = std::uint64_t(1) << 53;
 
-// Reads the whole text as a plain decimal ([sign] digits [. digits]
-// [e [sign] digits]) in one pass, when its value can be formed with one
-// rounding: at most 19 digits worth at most 2^53, scaled by an exactly held
-// power of ten. A single multiplication or division of two exact doubles is
-// correctly rounded, so the result is the one strtod gives. False for
-// anything else, which the caller reads the general way: longer or finer
-// numbers, hexadecimal, "inf", "nan" and every malformed text.
-bool readExactDecimal(const std::string& text, bool allowPlus, double& out) {
-  const char* p = text.data();
-  const char* const end = p + text.size();
+}  // namespace
+
+// One pass over a plain decimal; see the header. At most 19 digits worth at
+// most 2^53, scaled by an exactly held power of ten: a single multiplication
+// or division of two exact doubles is correctly rounded, so the result is the
+// one strtod gives.
+const char* readExactDecimal(const char* p, const char* end, bool allowPlus, double& out) {
   bool negative = false;
   if (p != end && *p == '-') {
     negative = true;
     ++p;
   } else if (p != end && *p == '+') {
-    if (!allowPlus) return false;
+    if (!allowPlus) return nullptr;
     ++p;
   }
   std::uint64_t mantissa = 0;
   int digits = 0;
-  for (unsigned d; p != end && (d = digitOf(*p)) <= 9; ++p, ++digits) mantissa = mantissa * 10 + d;
+  for (unsigned d; p != end && (d = digitOf(*p)) <= 9; ++p, ++digits) {
+    if (digits == 19) return nullptr;  // 19 digits cannot overflow 64 bits
+    mantissa = mantissa * 10 + d;
+  }
   int fraction = 0;
   if (p != end && *p == '.') {
     ++p;
-    for (unsigned d; p != end && (d = digitOf(*p)) <= 9; ++p, ++fraction) mantissa = mantissa * 10 + d;
-    digits += fraction;
+    for (unsigned d; p != end && (d = digitOf(*p)) <= 9; ++p, ++fraction, ++digits) {
+      if (digits == 19) return nullptr;
+      mantissa = mantissa * 10 + d;
+    }
   }
-  // 19 digits cannot overflow 64 bits.
-  if (digits == 0 || digits > 19 || mantissa > LARGEST_EXACT_MANTISSA) return false;
+  if (digits == 0 || mantissa > LARGEST_EXACT_MANTISSA) return nullptr;
   int exponent = 0;
   if (p != end && (*p == 'e' || *p == 'E')) {
     ++p;
@@ -147,20 +148,21 @@ bool readExactDecimal(const std::string& text, bool allowPlus, double& out) {
     const char* const first = p;
     for (unsigned d; p != end && (d = digitOf(*p)) <= 9; ++p)
       if (exponent < 100000) exponent = exponent * 10 + static_cast<int>(d);
-    if (p == first) return false;
+    if (p == first) return nullptr;
     if (negativeExponent) exponent = -exponent;
   }
-  if (p != end) return false;
   const int power = exponent - fraction;
-  if (power < -LARGEST_EXACT_POWER || power > LARGEST_EXACT_POWER) return false;
+  if (power < -LARGEST_EXACT_POWER || power > LARGEST_EXACT_POWER) return nullptr;
   double value = static_cast<double>(mantissa);
   if (power < 0)
     value /= EXACT_POWERS_OF_TEN[-power];
   else
     value *= EXACT_POWERS_OF_TEN[power];
   out = negative ? -value : value;
-  return true;
+  return p;
 }
+
+namespace {
 
 bool hexUnsigned(const std::string& text, unsigned int& out, bool requirePrefix) {
   return isValidHexNumber(text, out, requirePrefix);
@@ -249,7 +251,12 @@ bool isValidNumber(const std::string& text, signed char& out, bool allowPlusSign
 bool isValidNumber(const std::string& text, double& out, bool allowPlusSign) {
   out = 0;
   // Nearly every number of a data file is a short plain decimal.
-  if (readExactDecimal(text, allowPlusSign, out)) return true;
+  const char* const textEnd = text.data() + text.size();
+  double exact = 0.0;
+  if (readExactDecimal(text.data(), textEnd, allowPlusSign, exact) == textEnd) {
+    out = exact;
+    return true;
+  }
   // Next, a plain decimal that from_chars takes whole and finite reads
   // exactly as strtod would (both round correctly), and from_chars takes no
   // blanks, plus sign or hexadecimal. Everything else goes the full way below.

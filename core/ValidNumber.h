@@ -32,6 +32,13 @@ bool isValidNumber(const std::string& text, short& out, bool allowPlusSign = tru
 bool isValidNumber(const std::string& text, signed char& out, bool allowPlusSign = true);
 // Finite decimal values only: hexadecimal floats, "inf" and "nan" are refused.
 bool isValidNumber(const std::string& text, double& out, bool allowPlusSign = true);
+// Reads a plain decimal ([sign] digits [. digits] [e [sign] digits]) at the
+// start of [first, last) in one pass, when its value takes one correctly
+// rounded operation to form (at most 19 digits worth at most 2^53, scaled by
+// at most 10^22): the value strtod gives, bit for bit. Returns the end of what
+// it read, or nullptr for anything else (longer or finer numbers, "inf",
+// hexadecimal, no digits), which the caller reads the general way.
+const char* readExactDecimal(const char* first, const char* last, bool allowPlus, double& out);
 // As double, refusing magnitudes above the largest float.
 bool isValidNumber(const std::string& text, float& out, bool allowPlusSign = true);
 

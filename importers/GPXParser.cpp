@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "core/TimeCalendar.h"
+#include "core/ValidNumber.h"
 #include "document/ConvenienceFuncsUD.h"
 #include "document/ScenarioUD.h"
 #include "importers/ImporterSupport.h"
@@ -27,39 +28,6 @@ constexpr int kLastYear = 9999;
 
 void complain(const std::string& text) { Importers::tellFault(text); }
 
-// A plain decimal ("-104.9999900") whose digits make an integer below 2^53
-// (so at most 16 digits) is that integer divided by an exact power
-// of ten: one correctly rounded division, the very double that from_chars
-// answers. False for anything else (exponents, long mantissas, no digits).
-bool plainDecimal(const char* p, const char* end, double& value) {
-  static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                       1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-  constexpr uint64_t kExact = uint64_t{1} << 53;
-  const bool negative = p < end && *p == '-';
-  if (negative) ++p;
-  // Up to 19 digits fit the integer without overflow; it is checked once.
-  constexpr size_t kMostDigits = 19;
-  uint64_t mantissa = 0;
-  size_t digitCount = 0, decimals = 0;
-  for (; p < end && static_cast<unsigned>(*p - '0') < 10; ++p, ++digitCount) {
-    if (digitCount == kMostDigits) return false;
-    mantissa = mantissa * 10 + static_cast<uint64_t>(*p - '0');
-  }
-  if (p < end && *p == '.') {
-    const size_t before = digitCount;
-    for (++p; p < end && static_cast<unsigned>(*p - '0') < 10; ++p, ++digitCount) {
-      if (digitCount == kMostDigits) return false;
-      mantissa = mantissa * 10 + static_cast<uint64_t>(*p - '0');
-    }
-    decimals = digitCount - before;
-  }
-  if (digitCount == 0 || mantissa > kExact || (p < end && (*p == 'e' || *p == 'E')))
-    return false;
-  const double magnitude = static_cast<double>(mantissa) / kPowers[decimals];
-  value = negative ? -magnitude : magnitude;
-  return true;
-}
-
 // A number as strtod reads it (leading blanks skipped, what does not read
 // is 0), through from_chars: it is the reader's hottest call.
 double number(const std::string& text) {
@@ -68,7 +36,8 @@ double number(const std::string& text) {
   while (begin < end && (*begin == ' ' || *begin == '\t' || *begin == '\r' || *begin == '\n')) ++begin;
   if (begin < end && *begin == '+') ++begin;
   double value = 0.0;
-  if (plainDecimal(begin, end, value)) return value;
+  // Trailing text is left unread, as strtod leaves it.
+  if (orvCore::readExactDecimal(begin, end, false, value)) return value;
   if (std::from_chars(begin, end, value).ec != std::errc()) return std::strtod(text.c_str(), nullptr);
   return value;
 }
