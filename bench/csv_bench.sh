@@ -66,7 +66,7 @@ small_records=$((RECORDS / 4))
 small_file="$(generate "$small_records")"
 cat "$main_file" "$small_file" >/dev/null  # warm the page cache
 
-echo "file: $main_file ($RECORDS records, $TRACKS tracks, $(du -m "$main_file" | cut -f1) MB); fastest of $RUNS runs"
+echo "file: $main_file ($RECORDS records, $TRACKS tracks, $(du -mL "$main_file" | cut -f1) MB); fastest of $RUNS runs"
 read -r awk_s awk_k <<<"$(measure awk -F, "$AWK_PROGRAM" "$main_file")"
 read -r read_s read_k <<<"$(measure "$BUILD_DIR/bin/csv_read" "$main_file")"
 read -r read_small_s read_small_k <<<"$(measure "$BUILD_DIR/bin/csv_read" "$small_file")"

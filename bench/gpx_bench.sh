@@ -34,7 +34,7 @@ cat "$file" >/dev/null  # warm the page cache
 
 source "$ROOT/bench/measure.sh"
 
-echo "file: $file ($TRACKS tracks x $POINTS points, $(du -m "$file" | cut -f1) MB); fastest of $RUNS runs"
+echo "file: $file ($TRACKS tracks x $POINTS points, $(du -mL "$file" | cut -f1) MB); fastest of $RUNS runs"
 read -r awk_s awk_k awk_c <<<"$(measure awk -F'"' '/<trkpt/ {s += $2 + $4} END {print s}' "$file")"
 read -r babel_s babel_k babel_c <<<"$(measure gpsbabel -i gpx -f "$file" -o unicsv -F /dev/null)"
 read -r host_s host_k host_c <<<"$(measure "$BUILD_DIR/bin/scenario-host" --no-progress "$file")"

@@ -61,7 +61,7 @@ loads() {
   local lines="$1" file
   file="$(generate "$lines")"
   cat "$file" >/dev/null  # warm the page cache, so that no run pays for the disk
-  echo "file: $file ($lines data lines, 100 platforms, $(du -m "$file" | cut -f1) MB)"
+  echo "file: $file ($lines data lines, 100 platforms, $(du -mL "$file" | cut -f1) MB)"
   local result
   REFERENCE=(awk "$AWK_PROGRAM" "$file")
   result="$(measure_against "${REFERENCE[@]}")"
